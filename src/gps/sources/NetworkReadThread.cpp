@@ -1,0 +1,43 @@
+#include "gps/sources/NetworkReadThread.h"
+
+#include "platform/TcpConnection.h"
+#include "shell/settings/DevLog.h"
+
+NetworkReadThread::Server NetworkReadThread::gpsd(const QString& address, bool acceptAllTalkers) {
+    return {address,
+            kGpsdPort,
+            QByteArrayLiteral("?WATCH={\"enable\":true,\"nmea\":true}\n"),
+            {.bEndAtNewline = true, .bAcceptAllTalkers = acceptAllTalkers}};
+}
+
+NetworkReadThread::Server NetworkReadThread::nmeaTcp(const QString& address, bool acceptAllTalkers) {
+    return {address, kNmeaTcpPort, {}, {.bAcceptAllTalkers = acceptAllTalkers}};
+}
+
+NetworkReadThread::NetworkReadThread(const char* logName, Server server)
+    : m_pLogName(logName), m_server(std::move(server)), m_lines(m_server.lines) {}
+
+void NetworkReadThread::run(const StopEvent& stop, SentenceSink& sink) {
+    DevLog("->Start %s", m_pLogName);
+    auto fail = [&](const char* what, const QString& error, int leave) {
+        sink.reportFailure(QString::fromLatin1(what) + error + " (" + m_server.strAddress + ')');
+        DevLog("->Leave %d %s", leave, m_pLogName);
+    };
+    QString host;
+    int port = 0;
+    if (!TcpConnection::splitHostPort(m_server.strAddress, m_server.nDefaultPort, host, port))
+        return fail("Unable to connect to the server: ", QStringLiteral("no host:port"), 2);
+    TcpConnection connection;
+    if (const QString error = connection.connectTo(host, port, kConnectTimeoutMs); !error.isEmpty())
+        return fail("Unable to connect to the server: ", error, 2);
+    QString error;
+    if (!m_server.greeting.isEmpty() && !connection.write(m_server.greeting, error))
+        return fail("Unable to connect to the server: ", error, 3);
+    error = pumpStream(
+        [&connection](char* buffer, int capacity, QString& readError) {
+            return connection.read(buffer, capacity, kReadTimeoutMs, readError);
+        },
+        m_lines, stop, sink);
+    if (!error.isEmpty()) return fail("Unable to read from the server: ", error, 5);
+    DevLog("->End %s", m_pLogName);
+}
