@@ -28,7 +28,7 @@ private:
     uint16_t interpretGga(const NmeaFields& fields, GpsFix& fix);
     uint16_t interpretGll(const NmeaFields& fields, GpsFix& fix);
     uint16_t interpretGsa(const NmeaFields& fields, GpsFix& fix);
-    uint16_t interpretGsv(const NmeaFields& fields);
+    uint16_t interpretGsv(const NmeaFields& fields, GpsFix& fix);
     uint16_t interpretRmc(const NmeaFields& fields, GpsFix& fix);
     uint16_t interpretVtg(const NmeaFields& fields, GpsFix& fix);
     void setClockOnce(GpsFix& fix);

@@ -24,10 +24,9 @@ public:
 private:
     friend bool splitNmeaLine(std::string_view line, NmeaFields& fields);
 
-    // m_pStarts[i + 1] - 1 is where field i ends, also for the last field.
-    const char* m_pStarts[kMaxFields + 1] = {};
+    const char* m_pStarts[kMaxFields] = {};
+    const char* m_pEnds[kMaxFields] = {}; // the field's comma, its "*" or the line end
     const char* m_pLineEnd = nullptr;
-    const char* m_pLineBegin = nullptr;
     int m_nCount = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/DeviceClock.h"
 
 #include <QDateTime>
+#include <cstdio>
 #include <ctime>
 
 SystemDeviceClock::SystemDeviceClock() {
@@ -32,8 +33,44 @@ void FixedDeviceClock::setSystemTime(int64_t utcSeconds) {
     m_tLastSetTime = utcSeconds;
 }
 
+namespace {
+
+// Proleptic Gregorian date of a day number (days since 1970-01-01), after H. Hinnant's algorithm.
+void civilFromDays(int64_t days, int64_t& year, int& month, int& day) {
+    days += 719468;
+    const int64_t era = (days >= 0 ? days : days - 146096) / 146097;
+    const int64_t dayOfEra = days - era * 146097;
+    const int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
+    const int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
+    const int64_t shiftedMonth = (5 * dayOfYear + 2) / 153;
+    day = static_cast<int>(dayOfYear - (153 * shiftedMonth + 2) / 5 + 1);
+    month = static_cast<int>(shiftedMonth < 10 ? shiftedMonth + 3 : shiftedMonth - 9);
+    year = yearOfEra + era * 400 + (month <= 2 ? 1 : 0);
+}
+
+} // namespace
+
+int64_t dayNumber(int64_t seconds) {
+    const int64_t quotient = seconds / 86400;
+    return quotient * 86400 > seconds ? quotient - 1 : quotient;
+}
+
+int formatIsoLocalTime(char* buffer, int64_t localSeconds, int32_t localOffset) {
+    const int64_t days = dayNumber(localSeconds);
+    const int64_t secondOfDay = localSeconds - days * 86400;
+    int64_t year = 0;
+    int month = 0, day = 0;
+    civilFromDays(days, year, month, day);
+    const int offsetMinutes = (localOffset < 0 ? -localOffset : localOffset) / 60;
+    const int length =
+        std::snprintf(buffer, kIsoLocalTimeSize, "%04lld-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
+                      static_cast<long long>(year), month, day, static_cast<int>(secondOfDay / 3600),
+                      static_cast<int>(secondOfDay / 60 % 60), static_cast<int>(secondOfDay % 60),
+                      localOffset < 0 ? '-' : '+', offsetMinutes / 60, offsetMinutes % 60);
+    return length < kIsoLocalTimeSize ? length : kIsoLocalTimeSize - 1;
+}
+
 QString isoLocalTime(int64_t localSeconds, int32_t localOffset) {
-    const QDateTime local =
-        QDateTime::fromSecsSinceEpoch(localSeconds - localOffset, Qt::OffsetFromUTC, localOffset);
-    return local.toString(Qt::ISODate);
+    char buffer[kIsoLocalTimeSize];
+    return QString::fromLatin1(buffer, formatIsoLocalTime(buffer, localSeconds, localOffset));
 }

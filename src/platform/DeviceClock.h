@@ -59,5 +59,11 @@ private:
     int64_t m_tLastSetTime = 0;
 };
 
+// Whole days since 1970-01-01 of a time in seconds (rounded down, also before 1970).
+int64_t dayNumber(int64_t seconds);
+
 // "2026-11-22T01:00:30+01:00": local seconds since 1970 with their offset from UTC (seconds).
+// The buffer form writes at most kIsoLocalTimeSize characters (no NUL) and returns how many.
+constexpr int kIsoLocalTimeSize = 32;
+int formatIsoLocalTime(char* buffer, int64_t localSeconds, int32_t localOffset);
 QString isoLocalTime(int64_t localSeconds, int32_t localOffset);

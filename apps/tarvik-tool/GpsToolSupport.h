@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ToolContext.h"
+#include "platform/DeviceClock.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The clock of the GPS commands: fixed at `--now` (ISO 8601) when given, else at the machine's
+// time of the start. A command never sets the machine's clock: requests are only recorded.
+// Nothing when `--now` is no date and time.
+std::optional<FixedDeviceClock> commandClock(const QString& nowOption);
+
+// Writes CSV rows of plain fields (numbers, times, names without commas) to stdout in large
+// blocks: a long log gives a long table, and its output must not cost more than its reading.
+class CsvBlockWriter {
+public:
+    explicit CsvBlockWriter(ToolContext& ctx);
+    ~CsvBlockWriter();
+    CsvBlockWriter(const CsvBlockWriter&) = delete;
+    CsvBlockWriter& operator=(const CsvBlockWriter&) = delete;
+
+    CsvBlockWriter& text(std::string_view field);
+    CsvBlockWriter& integer(long long value);
+    CsvBlockWriter& number(double value); // shortest text that reads back to the same double
+    CsvBlockWriter& number(float value);  // shortest text that reads back to the same float
+    CsvBlockWriter& localTime(int64_t localSeconds, int32_t localOffset); // ISO 8601 with offset
+    void endRow();
+
+private:
+    void separate();
+    void flush();
+
+    std::string m_strBuffer;
+    bool m_bRowStarted = false;
+};

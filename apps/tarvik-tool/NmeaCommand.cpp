@@ -1,0 +1,105 @@
+#include "Commands.h"
+#include "GpsToolSupport.h"
+#include "gps/GpsSettings.h"
+#include "gps/NmeaInterpreter.h"
+#include "gps/SyntheticGga.h"
+
+#include <QDateTime>
+#include <QFile>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool nmea parse [FILE|-] [--now ISO8601] [--source N]\n"
+    "       tarvik-tool nmea gga --lon X --lat Y --time ISO8601 --valid N --sats N\n"
+    "parse: feeds each line to the interpreter and prints one CSV row per line with the GPS state\n"
+    "  after it: line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset (degrees,\n"
+    "  local time with its offset, metres, km/h, degrees). --now fixes the device clock (default:\n"
+    "  the machine's), --source the source index (0-9 serial ports, default 1). Settings come from\n"
+    "  the root's registry. The machine's clock is never set.\n"
+    "gga: prints the $GPGGA sentence that stands in for a receiver (degrees, the time with its\n"
+    "  offset, fix quality and satellites).";
+
+int parseCommand(ToolContext& ctx, const QStringList& args) {
+    const ToolOptions options(args, {"--now", "--source"});
+    if (!options.ok() || options.positional().size() > 1) return ctx.usageError(kUsage);
+    const auto clock = commandClock(options.value("--now"));
+    if (!clock) return ctx.usageError(kUsage);
+    bool bSourceOk = false;
+    const uint source = options.value("--source", "1").toUInt(&bSourceOk);
+    if (!bSourceOk || source > 255) return ctx.usageError(kUsage);
+
+    const QString path = options.positional().value(0, "-");
+    QFile file(path);
+    const bool bOpened = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    if (!bOpened) return ctx.inputError("cannot read " + path);
+    const QByteArray input = file.readAll();
+
+    FixedDeviceClock deviceClock = *clock;
+    GpsFix fix;
+    loadGpsFixStart(fix, deviceClock);
+    fix.m_nSource = static_cast<uint8_t>(source);
+    NmeaInterpreter interpreter(deviceClock);
+    CsvBlockWriter csv(ctx);
+    csv.text("line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset").endRow();
+    qsizetype start = 0;
+    for (long long lineNumber = 1; start < input.size(); ++lineNumber) {
+        qsizetype end = input.indexOf('\n', start);
+        if (end < 0) end = input.size();
+        qsizetype length = end - start;
+        if (length > 0 && input.at(start + length - 1) == '\r') --length;
+        const uint16_t code =
+            interpreter.interpret({input.constData() + start, static_cast<size_t>(length)}, fix);
+        if (code > GpsChange::kUnderstood) fix.m_nPendingChanges |= code;
+        csv.integer(lineNumber).integer(code).number(fix.m_dPosLong).number(fix.m_dPosLat);
+        csv.localTime(fix.m_tFixTime, deviceClock.localOffset())
+            .integer(fix.m_nValid)
+            .integer(fix.m_nSatellites);
+        csv.number(fix.m_fHdop).number(fix.m_fAltitude).number(fix.m_fSpeed).number(fix.m_fCourse);
+        csv.integer(fix.m_nAltitudeOffset).endRow();
+        start = end + 1;
+    }
+    return ToolContext::kOk;
+}
+
+bool readNumber(const ToolOptions& options, const char* name, double low, double high, double& value) {
+    bool bOk = false;
+    value = options.value(name).toDouble(&bOk);
+    return bOk && value >= low && value <= high;
+}
+
+bool readByte(const ToolOptions& options, const char* name, uint8_t& value) {
+    bool bOk = false;
+    const uint number = options.value(name).toUInt(&bOk);
+    value = static_cast<uint8_t>(number);
+    return bOk && number <= 255;
+}
+
+int ggaCommand(ToolContext& ctx, const QStringList& args) {
+    const ToolOptions options(args, {"--lon", "--lat", "--time", "--valid", "--sats"});
+    GpsFix fix;
+    const QDateTime time = QDateTime::fromString(options.value("--time"), Qt::ISODate);
+    if (!options.ok() || !options.positional().isEmpty() ||
+        !readNumber(options, "--lon", -180, 180, fix.m_dPosLong) ||
+        !readNumber(options, "--lat", -90, 90, fix.m_dPosLat) ||
+        !readByte(options, "--valid", fix.m_nValid) || !readByte(options, "--sats", fix.m_nSatellites) ||
+        !time.isValid())
+        return ctx.usageError(kUsage);
+    const int32_t offset = time.offsetFromUtc();
+    fix.m_tFixTime = time.toSecsSinceEpoch() + offset;
+    ctx.out << QString::fromStdString(buildSyntheticGga(fix, offset));
+    return ToolContext::kOk;
+}
+
+} // namespace
+
+int runNmeaCommand(ToolContext& ctx, QStringList args) {
+    const QString verb = args.isEmpty() ? QString() : args.takeFirst();
+    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
+        ctx.out << "usage: " << kUsage << '\n';
+        return ToolContext::kOk;
+    }
+    if (verb == "parse") return parseCommand(ctx, args);
+    if (verb == "gga") return ggaCommand(ctx, args);
+    return ctx.usageError(kUsage);
+}

@@ -1,0 +1,51 @@
+#include "Commands.h"
+#include "GpsToolSupport.h"
+#include "gps/GpsSettings.h"
+#include "gps/TrackLogReader.h"
+
+#include <QFile>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool track read FILE [--details] [--now ISO8601]\n"
+    "read: reads a recorded NMEA log into track points, one CSV row each:\n"
+    "  time,lon,lat,valid,hdop,sats,alt,speed (local time with its offset, degrees, metres with the\n"
+    "  altitude offset of the root's settings, km/h). Without --details only points with a fix are\n"
+    "  kept and quality, satellites, HDOP and speed stay 0. Times take the date of the device clock,\n"
+    "  which --now fixes (default: the machine's).";
+
+int readCommand(ToolContext& ctx, const QStringList& args) {
+    const ToolOptions options(args, {"--now"}, {"--details"});
+    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    const auto clock = commandClock(options.value("--now"));
+    if (!clock) return ctx.usageError(kUsage);
+    QFile file(options.positional().first());
+    if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
+
+    GpsFix fix;
+    loadGpsFixStart(fix, *clock);
+    std::vector<TrackPoint> points;
+    if (!ReadFromFile(&file, points, fix, *clock, options.has("--details")))
+        return ctx.inputError("cannot rewind " + file.fileName());
+    CsvBlockWriter csv(ctx);
+    csv.text("time,lon,lat,valid,hdop,sats,alt,speed").endRow();
+    for (const TrackPoint& point : points) {
+        csv.localTime(point.m_tTime, clock->localOffset()).number(point.m_dLong).number(point.m_dLat);
+        csv.integer(point.m_nValid).number(point.m_fHdop).integer(point.m_nSatellites);
+        csv.number(point.m_fAltitude).number(point.m_fSpeed).endRow();
+    }
+    return ToolContext::kOk;
+}
+
+} // namespace
+
+int runTrackCommand(ToolContext& ctx, QStringList args) {
+    const QString verb = args.isEmpty() ? QString() : args.takeFirst();
+    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
+        ctx.out << "usage: " << kUsage << '\n';
+        return ToolContext::kOk;
+    }
+    if (verb == "read") return readCommand(ctx, args);
+    return ctx.usageError(kUsage);
+}
