@@ -1,0 +1,50 @@
+#include "gps/OldLogPurge.h"
+
+#include "gps/RecordingSettings.h"
+#include "gps/sources/SourceSettings.h"
+#include "gps/sources/StopEvent.h"
+#include "platform/DeviceClock.h"
+#include "shell/settings/CRegistryKey.h"
+#include "shell/settings/DevLog.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <cstdio>
+
+int OldLogPurge::ThreadDelOldLog(const StopEvent& stop, int delayMs) {
+    DevLog("->Start ThreadDelOldLog");
+    if (stop.waitFor(delayMs)) return 0;
+    const int deleted = deleteOldFiles(stop);
+    DevLog("->End ThreadDelOldLog");
+    return deleted;
+}
+
+std::thread OldLogPurge::start(const DeviceRoot& root, const DeviceClock& clock, const StopEvent& stop) {
+    return std::thread([root, &clock, &stop] { OldLogPurge(root, clock).ThreadDelOldLog(stop); });
+}
+
+std::optional<int64_t> OldLogPurge::timeFromName(const QString& name) {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0;
+    if (std::sscanf(name.toLatin1().constData(), "%d-%02d-%02d_%02d-%02d.txt", &year, &month, &day, &hour,
+                    &minute) != 5)
+        return std::nullopt;
+    const QDate date(year, month, day);
+    const QTime time(hour, minute);
+    if (!date.isValid() || !time.isValid()) return std::nullopt;
+    // Local calendar fields taken as UTC give local seconds, the way the clock counts them.
+    return QDateTime(date, time, Qt::UTC).toSecsSinceEpoch();
+}
+
+int OldLogPurge::deleteOldFiles(const StopEvent& stop) {
+    CRegistryKey key;
+    const int64_t maxAgeHours = int64_t{readSetting(key, RecordingSettings::kDelFilesOlder)} * 24;
+    QDir directory(m_root.hostPath(readSetting(key, RecordingSettings::kLogDirectory)));
+    const int64_t now = m_clock.localNow();
+    int deleted = 0;
+    for (const QString& name : directory.entryList({"*.txt"}, QDir::Files)) {
+        if (stop.isSet()) break;
+        const std::optional<int64_t> opened = timeFromName(name);
+        if (opened && (now - *opened) / 3600 > maxAgeHours && directory.remove(name)) ++deleted;
+    }
+    return deleted;
+}

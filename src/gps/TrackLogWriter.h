@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/DeviceRoot.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <cstdio>
+#include <vector>
+
+class DeviceClock;
+
+// Records the sentences of a live run into one file per run in "LogDirectory", named after the
+// local time of opening ("2006-05-14_09-31.txt"). The file starts with a 266-byte header line
+// whose 256 spaces the logbook fills in later, in place; then the sentences follow as received,
+// thinned to one sentence per type every "LogDelay" seconds. Flushed about once a minute, so a
+// power loss or a killed process loses at most the last minute.
+class TrackLogWriter {
+public:
+    static constexpr int kTypeNameLength = 6; // "$GPGGA"
+    static constexpr int kReservedHeaderSpace = 256;
+
+    TrackLogWriter(const DeviceRoot& root, const DeviceClock& clock);
+    ~TrackLogWriter();
+    TrackLogWriter(const TrackLogWriter&) = delete;
+    TrackLogWriter& operator=(const TrackLogWriter&) = delete;
+
+    // Closes the current file and starts the next one with the settings "LogDelay", "LogType"
+    // and "LogDirectory". False when logging is off ("LogDelay" -1) or the file cannot be
+    // created; logging then stays off until the next open.
+    bool open();
+    void close();
+
+    // One sentence with its line end. Written when its type is in the table and its type's delay
+    // has run out; dropped otherwise, and when no file can be opened.
+    void writeSentence(const char* line, int length);
+
+    // Reopens the current path for update at its end, after a short write or when a sentence
+    // comes with no file open. Does nothing without a path.
+    bool ReopenLog();
+
+    bool isOpen() const { return m_pFile != nullptr; }
+    // Host path of the current file; empty while logging is off.
+    const QString& path() const { return m_strPath; }
+    int32_t logDelay() const { return m_nLogDelay; } // seconds; -1 off
+    // The sentence types logged, in table order.
+    QStringList loggedTypes() const;
+
+    // "$Tarvik," with the reserved spaces and "\r\n".
+    static QByteArray headerLine();
+    // "2006-05-14_09-31.txt" for local seconds since 1970.
+    static QString fileName(int64_t localSeconds);
+
+private:
+    struct LoggedType {
+        char m_szName[kTypeNameLength];
+        int m_nNameLength;
+        int64_t m_tNextTime; // local seconds before which no sentence of this type is written
+    };
+    void buildTypeTable(QString logType, int64_t now);
+    LoggedType* findType(const char* line, int length);
+    bool createFile(int64_t now);
+
+    DeviceRoot m_root;
+    const DeviceClock& m_clock;
+    std::vector<LoggedType> m_types;
+    std::FILE* m_pFile = nullptr;
+    QString m_strPath;
+    int32_t m_nLogDelay = 0;
+};
