@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ToolContext.h"
+
+#include <QStringList>
+
+// One function per noun; each answers "--help" and returns the process exit code.
+int runRegCommand(ToolContext& ctx, QStringList args);
+int runIniCommand(ToolContext& ctx, QStringList args);
+int runCoordCommand(ToolContext& ctx, QStringList args);
+int runGeoCommand(ToolContext& ctx, QStringList args);
+int runGridCommand(ToolContext& ctx, QStringList args);
+int runNmeaCommand(ToolContext& ctx, QStringList args);
+int runTrackCommand(ToolContext& ctx, QStringList args);
+int runReplayCommand(ToolContext& ctx, QStringList args);

@@ -1,0 +1,60 @@
+#include "Commands.h"
+#include "shell/settings/RegistryHive.h"
+
+#include <QCoreApplication>
+#include <memory>
+
+namespace {
+
+struct Noun {
+    const char* name;
+    const char* summary;
+    int (*run)(ToolContext&, QStringList);
+};
+
+// Every capability of Tarvik that makes sense without a screen, one noun each.
+const Noun kNouns[] = {
+    {"reg", "read, write, list, export and import settings (registry)", runRegCommand},
+    {"ini", "read and write text profile values", runIniCommand},
+    {"nmea", "interpret NMEA sentences, build the stand-in $GPGGA", runNmeaCommand},
+    {"track", "read a recorded NMEA log into track points", runTrackCommand},
+    {"replay", "run the GPS document over a recorded log: statistics and track log", runReplayCommand},
+    {"coord", "write and read coordinates in the position notations", runCoordCommand},
+    {"geo", "great-circle distance, course and destination", runGeoCommand},
+    {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},
+};
+
+void printHelp(QTextStream& out) {
+    out << "usage: tarvik-tool [--root DIR] NOUN VERB [ARGS]\n\n"
+           "The device root is DIR, else $TARVIK_ROOT, else $XDG_DATA_HOME/tarvik.\n\nNouns:\n";
+    for (const Noun& noun : kNouns) out << "  " << QString::fromLatin1(noun.name).leftJustified(16) << noun.summary << '\n';
+    out << "\n'tarvik-tool NOUN --help' tells more.\n";
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+    QString rootOption;
+    if (args.size() >= 2 && args.first() == QLatin1String("--root")) {
+        rootOption = args.at(1);
+        args = args.mid(2);
+    }
+    const DeviceRoot root = DeviceRoot::fromEnvironment(rootOption);
+    DeviceRoot::setCurrent(root);
+    ToolContext ctx(root);
+    if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
+        printHelp(ctx.out);
+        return args.isEmpty() ? ToolContext::kUsageError : ToolContext::kOk;
+    }
+    for (const Noun& noun : kNouns) {
+        if (args.first() != QLatin1String(noun.name)) continue;
+        if (!root.ensureExists()) return ctx.inputError("cannot create the device root " + root.hostFolder());
+        RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.registryFile()));
+        return noun.run(ctx, args.mid(1));
+    }
+    ctx.err << "tarvik-tool: unknown noun '" << args.first() << "'\n";
+    printHelp(ctx.err);
+    return ToolContext::kUsageError;
+}

@@ -1,0 +1,203 @@
+#include "shell/settings/CIniFile.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray utf16le(const QString& text) {
+    QByteArray bytes;
+    for (QChar c : text) bytes += char(c.unicode() & 0xFF) + QByteArray(1, char(c.unicode() >> 8));
+    return bytes;
+}
+
+CIniFile iniOf(const QByteArray& text) {
+    CIniFile ini;
+    ini.LoadFromBytes(text);
+    return ini;
+}
+
+} // namespace
+
+TEST(IniFile, ReaderRules) {
+    const QByteArray text = "top = 0\n[Global]\nbgcolor=Color(1,2,3)\nx = 1\nx = 2\n  spaced   =   v w  \n"
+                            "; c = 3\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nd = 48,13548\n[Other]\nx = 9\n";
+    CIniFile ini = iniOf(text);
+    const struct {
+        const char* legend;
+        const char* section;
+        const char* key;
+        bool found;
+        const char* value;
+    } cases[] = {
+        {"keys ignore case", "Global", "BGColor", true, "Color(1,2,3)"},
+        {"sections are exact", "global", "bgcolor", false, ""},
+        {"first occurrence wins", "Global", "x", true, "1"},
+        {"blanks trimmed around key and value", "Global", "spaced", true, "v w"},
+        {"no comment character", "Global", "; c", true, "3"},
+        {"a section ends at the next header", "Other", "bgcolor", false, ""},
+        {"the empty section ends at the first header", "", "x", false, ""},
+        {"line 0 is never an entry of the empty section", "", "top", false, ""},
+    };
+    for (const auto& c : cases) {
+        QString value;
+        EXPECT_EQ(ini.ReadString(c.section, c.key, value), c.found) << c.legend;
+        if (c.found) {
+            EXPECT_EQ(value, c.value) << c.legend;
+        }
+    }
+}
+
+TEST(IniFile, TheEmptySectionStartsOnTheSecondLine) {
+    CIniFile ini = iniOf("a = 1\nb = 2\n[S]\nc = 3\n");
+    QString value;
+    EXPECT_FALSE(ini.ReadString("", "a", value));
+    EXPECT_TRUE(ini.ReadString("", "b", value));
+    EXPECT_EQ(value, "2");
+    EXPECT_FALSE(ini.ReadString("", "c", value));
+}
+
+TEST(IniFile, TypedReaders) {
+    CIniFile ini = iniOf("[G]\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nflag0 = 0\nd = 48,13548\nc = Color(9)\n"
+                         "b = 257\nm = a\xEF\xBF\xA7|b\nl = a\"b\"c\nl2 = a\"b\"\n");
+    const struct {
+        const char* key;
+        bool expected;
+    } flags[] = {{"flagT", false}, {"flag2", true}, {"flagU", true}, {"flag0", false}};
+    for (const auto& f : flags) {
+        bool value = !f.expected;
+        ASSERT_TRUE(ini.ReadBool("G", f.key, value));
+        EXPECT_EQ(value, f.expected) << f.key;
+    }
+    double d = 0;
+    float f = 0;
+    EXPECT_TRUE(ini.ReadDouble("G", "d", d));
+    EXPECT_DOUBLE_EQ(d, 48.13548);
+    EXPECT_TRUE(ini.ReadFloat("G", "d", f));
+    EXPECT_EQ(f, 48.0f); // the float reader does not accept the comma
+    Colour colour = 0x123456;
+    EXPECT_TRUE(ini.ReadColour("G", "c", colour));
+    EXPECT_EQ(colour, 0x123456u); // incomplete colour leaves the caller's value
+    uint8_t byte = 0;
+    EXPECT_TRUE(ini.ReadByte("G", "b", byte));
+    EXPECT_EQ(byte, 1);
+    QString multi;
+    EXPECT_TRUE(ini.ReadMultiLine("G", "m", multi));
+    EXPECT_EQ(multi, "a\r\nb");
+    QStringList list{"old"};
+    EXPECT_TRUE(ini.ReadStringList("G", "l", list));
+    EXPECT_EQ(list, (QStringList{"a", "b", "c"}));
+    EXPECT_TRUE(ini.ReadStringList("G", "l2", list));
+    EXPECT_EQ(list, (QStringList{"a", "b"}));
+    int32_t untouched = 77;
+    EXPECT_FALSE(ini.ReadInt("G", "missing", untouched));
+    EXPECT_EQ(untouched, 77);
+}
+
+TEST(IniFile, WriterPlacesNewKeysRightAfterTheHeader) {
+    CIniFile ini = iniOf("[T]\nkeep = 1\n");
+    ini.WriteInt("S", "A", 1);
+    ini.WriteInt("S", "B", 2);
+    ini.WriteString("T", "KEEP", "x"); // replaced in place with the caller's spelling
+    ini.WriteMultiLine("T", "m", "a\r\nb");
+    EXPECT_EQ(ini.ToBytes(), "[T]\nm = a\xEF\xBF\xA7|b\nKEEP = x\n[S]\nB = 2\nA = 1\n");
+    EXPECT_FALSE(ini.WriteInt("", "A", 1)); // a section name is needed
+}
+
+TEST(IniFile, RectPointAndSizeReadersAddTheMissingSection) {
+    CIniFile ini = iniOf("[A]\n");
+    Rect rect;
+    Point point;
+    QString text;
+    EXPECT_FALSE(ini.ReadRect("R", "r", rect));
+    EXPECT_FALSE(ini.ReadString("Q", "q", text));
+    EXPECT_FALSE(ini.ReadPoint("P", "p", point));
+    EXPECT_EQ(ini.ToBytes(), "[A]\n[R]\n[P]\n");
+    CIniFile partial = iniOf("[R]\nr = RECT(1,2)\n");
+    EXPECT_TRUE(partial.ReadRect("R", "r", rect));
+    EXPECT_EQ(rect, (Rect{1, 2, 0, 0}));
+}
+
+TEST(IniFile, FontWritesFourteenKeysAndReadsEachOnItsOwn) {
+    CIniFile ini;
+    LogFont font;
+    font.lfHeight = -12;
+    font.lfWeight = 700;
+    font.lfItalic = 1;
+    font.lfFaceName = "Tahoma";
+    ini.WriteFont("F", "Title", font);
+    ASSERT_EQ(ini.Lines().size(), 15);
+    EXPECT_EQ(ini.Lines()[1], "Title.lfFaceName = Tahoma"); // reverse order of writing
+    EXPECT_EQ(ini.Lines()[14], "Title.lfHeight = -12");
+    LogFont back;
+    EXPECT_TRUE(ini.ReadFont("F", "Title", back));
+    EXPECT_EQ(back, font);
+    CIniFile some = iniOf("[F]\nT.lfWeight = 400\n");
+    LogFont kept = font;
+    EXPECT_TRUE(some.ReadFont("F", "T", kept));
+    EXPECT_EQ(kept.lfWeight, 400);
+    EXPECT_EQ(kept.lfFaceName, "Tahoma"); // missing keys keep their values
+}
+
+TEST(IniFile, NextKeyWalksASection) {
+    CIniFile ini = iniOf("[S]\nalpha = 1\nbeta = 2\n[T]\n");
+    QString key;
+    QStringList keys;
+    while (ini.NextKey("S", key)) keys << key;
+    EXPECT_EQ(keys, (QStringList{"alpha", "beta"}));
+    EXPECT_EQ(key, "beta"); // unchanged at the end
+    EXPECT_FALSE(ini.NextKey("missing", key));
+}
+
+TEST(IniFile, DeleteSectionRemovesHeaderAndLines) {
+    CIniFile ini = iniOf("[A]\na = 1\n\n[B]\nb = 2\n");
+    ini.DeleteSection("A");
+    EXPECT_EQ(ini.ToBytes(), "[B]\nb = 2\n");
+}
+
+TEST(IniFile, DecodesEveryEncodingItMeets) {
+    const QString expected = QString::fromUtf8("Straße = München");
+    const struct {
+        const char* legend;
+        QByteArray bytes;
+    } cases[] = {
+        {"UTF-8", "[S]\nStra\xC3\x9F" "e = M\xC3\xBC" "nchen\n"},
+        {"UTF-8 with BOM", "\xEF\xBB\xBF[S]\nStra\xC3\x9F" "e = M\xC3\xBC" "nchen\n"},
+        {"Windows-1252", "[S]\r\nStra\xDF" "e = M\xFC" "nchen\r\n"},
+        {"UTF-16 LE with BOM", "\xFF\xFE" + utf16le(QStringLiteral("[S]\r\nStraße = München\r\n"))},
+        {"UTF-16 LE without BOM", utf16le(QStringLiteral("[S]\nStraße = München\n"))},
+    };
+    for (const auto& c : cases) {
+        CIniFile ini = iniOf(c.bytes);
+        ASSERT_GE(ini.Lines().size(), 2) << c.legend;
+        EXPECT_EQ(ini.Lines()[1], expected) << c.legend;
+    }
+    QByteArray be("\xFE\xFF");
+    for (QChar ch : QStringLiteral("[S]\nk = ü\n")) be += QByteArray(1, char(ch.unicode() >> 8)) + char(ch.unicode() & 0xFF);
+    CIniFile ini = iniOf(be);
+    QString value;
+    EXPECT_TRUE(ini.ReadString("S", "k", value));
+    EXPECT_EQ(value, QString::fromUtf8("ü"));
+}
+
+TEST(IniFile, LongLinesAreSplitAt1023Characters) {
+    CIniFile ini = iniOf(QByteArray(1023, 'a') + "\n" + QByteArray(1030, 'b') + "\n");
+    ASSERT_EQ(ini.Lines().size(), 4);
+    EXPECT_EQ(ini.Lines()[0].size(), 1023);
+    EXPECT_EQ(ini.Lines()[1], ""); // the line end arrives as a line of its own
+    EXPECT_EQ(ini.Lines()[2].size(), 1023);
+    EXPECT_EQ(ini.Lines()[3], "bbbbbbb");
+}
+
+TEST(IniFile, SaveWritesUtf8AndFailsCleanly) {
+    QTemporaryDir dir;
+    CIniFile ini;
+    ini.WriteString("Ü", "k", "ä");
+    ASSERT_TRUE(ini.Save(dir.filePath("x.ini"), true));
+    CIniFile back;
+    ASSERT_TRUE(back.Load(dir.filePath("x.ini")));
+    EXPECT_EQ(back.ToBytes(), "[\xC3\x9C]\nk = \xC3\xA4\n");
+    EXPECT_FALSE(ini.Save(dir.filePath("no/such/folder/x.ini")));
+    EXPECT_FALSE(back.Load(dir.filePath("missing.ini")));
+    EXPECT_TRUE(back.Lines().isEmpty());
+}

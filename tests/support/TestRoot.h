@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/DeviceRoot.h"
+#include "shell/settings/RegistryHive.h"
+
+#include <QTemporaryDir>
+#include <memory>
+
+// A fresh device root in a temporary folder with its own registry hive, made current for the test.
+class TestRoot {
+public:
+    TestRoot();
+    ~TestRoot();
+    QString path() const { return m_dir.path(); }
+    QString file(const QString& relative) const { return m_dir.filePath(relative); }
+    const DeviceRoot& root() const { return m_root; }
+    RegistryHive& hive() { return *m_hive; }
+
+private:
+    QTemporaryDir m_dir;
+    DeviceRoot m_root;
+    std::shared_ptr<RegistryHive> m_hive;
+};
