@@ -1,0 +1,142 @@
+#include "Commands.h"
+#include "GpsToolSupport.h"
+#include "gps/HeadlessReplay.h"
+#include "gps/RecordingSettings.h"
+#include "gps/sources/SourceSettings.h"
+#include "shell/settings/CRegistryKey.h"
+
+#include <QFile>
+#include <charconv>
+#include <cmath>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool replay LOG [--now ISO8601] [--set NAME=VALUE ...]\n"
+    "Runs one whole run of the GPS document over the recorded NMEA log LOG, as fast as possible:\n"
+    "a source start with reset statistics (a new track log in \"LogDirectory\"), every sentence\n"
+    "through the log writer, the interpreter and the epoch handling, then the shutdown saves.\n"
+    "The clock starts at --now (default: the machine's time) and follows the recorded time\n"
+    "stamps. --set stores a setting in the root's registry first (e.g. --set LogDelay=0).\n"
+    "Prints one JSON object: run_time_s, run_km, moving_time_s, moving_km, tour_time_s, tour_km,\n"
+    "max_speed_kmh, min_alt_m, max_alt_m, min_lon, max_lon, min_lat, max_lat, gradient_pct,\n"
+    "epochs, valid_epochs, log_file (km, s, km/h, m, degrees, percent).";
+
+enum class Kind { Integer, Text, Decimal, Flag };
+
+struct SettableValue {
+    const char* pszName;
+    Kind kind;
+};
+
+// The settings a replayed run reads, with the registry type each is stored as.
+const SettableValue kSettable[] = {
+    {RecordingSettings::kSpeedLimit.pszName, Kind::Integer},
+    {RecordingSettings::kMaxBreakMin.pszName, Kind::Integer},
+    {RecordingSettings::kMinSpeedForAvr2.pszName, Kind::Integer},
+    {RecordingSettings::kLogDelay.pszName, Kind::Integer},
+    {RecordingSettings::kLogType.pszName, Kind::Text},
+    {RecordingSettings::kLogDirectory.pszName, Kind::Text},
+    {RecordingSettings::kTourTime, Kind::Integer},
+    {RecordingSettings::kTour, Kind::Decimal},
+    {SourceSettings::kAutoReconnect.pszName, Kind::Integer},
+    {GpsSettings::kAltitudeOffset.pszName, Kind::Integer},
+    {GpsSettings::kAutoAltitudeOffset.pszName, Kind::Flag},
+    {GpsSettings::kThresholdHeading.pszName, Kind::Decimal},
+    {GpsSettings::kLastLong.pszName, Kind::Decimal},
+    {GpsSettings::kLastLat.pszName, Kind::Decimal},
+};
+
+QString settableNames() {
+    QStringList names;
+    for (const SettableValue& value : kSettable)
+        names << QString::fromLatin1(value.pszName);
+    return names.join(", ");
+}
+
+// Stores one NAME=VALUE; false with the reason in `error` when the name or the value is not one.
+bool storeSetting(const QString& assignment, QString& error) {
+    const QString name = assignment.section('=', 0, 0);
+    const QString text = assignment.section('=', 1);
+    for (const SettableValue& value : kSettable) {
+        if (name.compare(QLatin1String(value.pszName), Qt::CaseInsensitive) != 0) continue;
+        CRegistryKey key;
+        bool bOk = true;
+        switch (value.kind) {
+        case Kind::Integer: {
+            const int32_t number = text.toInt(&bOk);
+            if (bOk) bOk = key.WriteDword(name, static_cast<uint32_t>(number));
+            break;
+        }
+        case Kind::Decimal: {
+            const double number = text.toDouble(&bOk);
+            if (bOk) bOk = key.WriteDouble(name, number);
+            break;
+        }
+        case Kind::Flag:
+            bOk = (text == "0" || text == "1") && key.WriteFlag(name, text == "1");
+            break;
+        case Kind::Text:
+            bOk = key.WriteString(name, text);
+            break;
+        }
+        if (!bOk) error = "cannot store " + assignment;
+        return bOk;
+    }
+    error = "unknown setting '" + name + "'; known: " + settableNames();
+    return false;
+}
+
+// The shortest text that reads back to the same float.
+QString floatNumber(float value) {
+    if (!std::isfinite(value)) return QStringLiteral("null");
+    char buffer[24];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return QString::fromLatin1(buffer, result.ptr - buffer);
+}
+
+void printSummary(ToolContext& ctx, const ReplaySummary& summary) {
+    const TourStatistics& stats = summary.m_stats;
+    ctx.printJson({
+        {"run_time_s", QString::number(stats.m_nRunTime)},
+        {"run_km", ToolContext::number(stats.m_dRunDistance)},
+        {"moving_time_s", QString::number(stats.m_nMovingTime)},
+        {"moving_km", ToolContext::number(stats.m_dMovingDistance)},
+        {"tour_time_s", QString::number(stats.m_nTourTime)},
+        {"tour_km", ToolContext::number(stats.m_dTourDistance)},
+        {"max_speed_kmh", floatNumber(stats.m_fMaxSpeed)},
+        {"min_alt_m", floatNumber(stats.m_fMinAltitude)},
+        {"max_alt_m", floatNumber(stats.m_fMaxAltitude)},
+        {"min_lon", ToolContext::number(stats.m_dMinLong)},
+        {"max_lon", ToolContext::number(stats.m_dMaxLong)},
+        {"min_lat", ToolContext::number(stats.m_dMinLat)},
+        {"max_lat", ToolContext::number(stats.m_dMaxLat)},
+        {"gradient_pct", floatNumber(stats.m_fGradient)},
+        {"epochs", QString::number(summary.m_nEpochs)},
+        {"valid_epochs", QString::number(summary.m_nValidEpochs)},
+        {"log_file", ToolContext::jsonString(summary.m_strLogFile)},
+    });
+}
+
+} // namespace
+
+int runReplayCommand(ToolContext& ctx, QStringList args) {
+    if (args.contains("--help") || args.contains("-h")) {
+        ctx.out << kUsage << '\n';
+        return ToolContext::kOk;
+    }
+    const ToolOptions options(args, {"--now", "--set"});
+    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    auto clock = commandClock(options.value("--now"));
+    if (!clock) return ctx.usageError(kUsage);
+    for (const QString& assignment : options.values("--set")) {
+        if (!assignment.contains('=')) return ctx.usageError(kUsage);
+        QString error;
+        if (!storeSetting(assignment, error)) return ctx.usageError(error);
+    }
+    QFile file(options.positional().first());
+    if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
+    const QByteArray log = file.readAll();
+    printSummary(ctx, replayLog(ctx.root, *clock, log));
+    return ToolContext::kOk;
+}

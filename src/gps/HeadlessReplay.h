@@ -1,0 +1,25 @@
+#pragma once
+
+#include "gps/TourStatistics.h"
+
+#include <QByteArray>
+#include <QString>
+#include <cstdint>
+
+class DeviceRoot;
+class FixedDeviceClock;
+
+// What one replayed run leaves behind.
+struct ReplaySummary {
+    TourStatistics m_stats;
+    int64_t m_nEpochs = 0;
+    int64_t m_nValidEpochs = 0;
+    QString m_strLogFile; // host path of the log the run wrote; empty when logging was off
+};
+
+// One whole run of the document over a recorded log, headless and as fast as possible: a source
+// start with reset statistics (a new log file), every sentence through the hand-over (log writer,
+// interpreter, epoch handling) on the recording's time line, then the shutdown saves. The run
+// takes the settings of the current hive, behaves like the "Simulate" source (it never sets the
+// clock) and sees no supervision ticks.
+ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, const QByteArray& log);
