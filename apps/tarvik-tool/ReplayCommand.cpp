@@ -136,7 +136,10 @@ int runReplayCommand(ToolContext& ctx, QStringList args) {
     }
     QFile file(options.positional().first());
     if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
-    const QByteArray log = file.readAll();
+    // Mapped rather than read: a day's log is replayed in less time than copying it would take.
+    const uchar* mapped = file.size() > 0 ? file.map(0, file.size()) : nullptr;
+    const QByteArray copy = mapped ? QByteArray() : file.readAll();
+    const QByteArrayView log = mapped ? QByteArrayView(mapped, file.size()) : QByteArrayView(copy);
     printSummary(ctx, replayLog(ctx.root, *clock, log));
     return ToolContext::kOk;
 }

@@ -6,21 +6,40 @@
 #include "gps/sources/SourceTable.h"
 #include "platform/DeviceClock.h"
 
-ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, const QByteArray& log) {
+#include <cstring>
+
+namespace {
+
+// The sentences of a log in memory, cut as the receiver's line assembly cuts them (LineAssembler):
+// each "$" starts a sentence that runs up to the next "$", line end included; a sentence longer
+// than the assembler's buffer is cut to it and the rest dropped. Searching instead of copying byte
+// by byte keeps a day's log well within a tenth of a second.
+template <class OnLine> void forEachSentence(QByteArrayView log, OnLine&& onLine) {
+    const char* const end = log.data() + log.size();
+    const char* start =
+        static_cast<const char*>(std::memchr(log.data(), '$', static_cast<size_t>(log.size())));
+    while (start) {
+        const char* next =
+            static_cast<const char*>(std::memchr(start + 1, '$', static_cast<size_t>(end - start - 1)));
+        const qsizetype length = (next ? next : end) - start;
+        onLine(start, static_cast<int>(std::min<qsizetype>(length, LineAssembler::kBufferSize)));
+        start = next;
+    }
+}
+
+} // namespace
+
+ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log) {
     CFendixDoc doc(root, clock);
     doc.LoadSettings();
     doc.Fix().m_nSource = SourceTable::kSimulate;
     doc.ResetStatistics(true);
 
     ReplayTimeline timeline(clock);
-    LineAssembler lines(LineAssembler::Options{});
-    auto handOver = [&](const char* line, int length) {
+    forEachSentence(log, [&](const char* line, int length) {
         timeline.follow(line, length);
         doc.HandleSentence(line, length);
-    };
-    lines.feed(log.constData(), static_cast<int>(log.size()), handOver);
-    // The last sentence of the file has no successor to end it; a "$" does that.
-    lines.feed("$", 1, handOver);
+    });
 
     ReplaySummary summary;
     summary.m_strLogFile = doc.Log().path();

@@ -2,7 +2,7 @@
 
 #include "gps/TourStatistics.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <cstdint>
 
@@ -22,4 +22,4 @@ struct ReplaySummary {
 // interpreter, epoch handling) on the recording's time line, then the shutdown saves. The run
 // takes the settings of the current hive, behaves like the "Simulate" source (it never sets the
 // clock) and sees no supervision ticks.
-ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, const QByteArray& log);
+ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log);
