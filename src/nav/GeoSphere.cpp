@@ -10,7 +10,10 @@ double GeoDistance(double lon1, double lat1, double lon2, double lat2, float* co
     const double a = (90.0 - lat1) * DegToRad;
     const double b = (90.0 - lat2) * DegToRad;
     const double dl = std::abs(lon2 - lon1) * DegToRad;
-    const double c = std::acos(std::cos(dl) * std::sin(b) * std::sin(a) + std::cos(b) * std::cos(a));
+    // Identical points are 0 km apart even where the argument rounds to just below 1 (up to 0.2 m off).
+    const bool identical = lon1 == lon2 && lat1 == lat2;
+    const double c =
+        identical ? 0.0 : std::acos(std::cos(dl) * std::sin(b) * std::sin(a) + std::cos(b) * std::cos(a));
 
     if (course) {
         if (lon1 == lon2) {
