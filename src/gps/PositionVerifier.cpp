@@ -42,6 +42,9 @@ uint8_t PositionVerifier::VerifyTimeAndPosition(GpsFix& fix) {
     if (m_dLastLong == 0.0) {
         setLastPosition(fix.m_dPosLong, fix.m_dPosLat);
         m_dSecondLastLong = 0.0;
+        // The start point also starts the time line: otherwise the second fix after a start would
+        // measure its step from the day-old start value and count as a break.
+        fix.m_tPrevFixTime = fix.m_tFixTime;
         DevLog("VerifyTimeAndPosition: m_dPosLong == 0");
         return 0;
     }
