@@ -40,7 +40,6 @@ void GpsSourceController::updateSettings(bool bResetStatistics) {
     if (index == SourceTable::kMobileNavigator) m_bMnPriority = readSetting(key, SourceSettings::kMnPriority);
     if (m_bMnPriority && m_navigationProgramRuns()) index = SourceTable::kMobileNavigator;
     m_nSourceIndex = index;
-    m_nReconnectLimitTicks = 2 * readSetting(key, SourceSettings::kAutoReconnect);
 
     QString file;
     if (std::unique_ptr<SentenceReader> reader = createReader(index, file)) {

@@ -35,8 +35,6 @@ public:
     int sourceIndex() const { return m_nSourceIndex; }
     bool navigationSourceInUse() const;
     bool readerRunning() const { return m_pReader && m_pReader->isRunning(); }
-    // Ticks without data before the source is restarted: twice "AutoReconnect"; 0 never.
-    int reconnectLimitTicks() const { return m_nReconnectLimitTicks; }
 
     // Reads the navigation program's position file once at start, so that a file unchanged since
     // the last run gives no new fix. False when there is no file.
@@ -44,6 +42,7 @@ public:
     // One supervision tick (the timer calls it every kTickMs).
     void tick();
 
+    bool navigationProgramRuns() const { return m_navigationProgramRuns(); }
     // Tells whether the navigation program runs; until a bridge tells otherwise, it "runs" while
     // its position file exists.
     void setNavigationProgramProbe(std::function<bool()> probe) {
@@ -68,7 +67,6 @@ private:
     QTimer m_tickTimer;
     std::unique_ptr<ReaderThread> m_pReader;
     int m_nSourceIndex = -1;
-    int m_nReconnectLimitTicks = 0;
     bool m_bMnPriority = false; // read only while "Source" names the navigation program
     bool m_bFailureShown = false;
     MNPosition m_lastNavigationPosition;

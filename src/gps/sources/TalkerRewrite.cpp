@@ -1,6 +1,5 @@
 #include "gps/sources/TalkerRewrite.h"
 
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
@@ -38,10 +37,8 @@ bool rewriteTalkerToGp(char* line, int length) {
     const int at = static_cast<int>(star - line) + 1;
     if (at + 1 >= length || hexDigit(line[at]) < 0 || hexDigit(line[at + 1]) < 0) return true;
     const int sum = (hexDigit(line[at]) * 16 + hexDigit(line[at + 1])) ^ delta;
-    const bool lowerCase = std::islower(static_cast<unsigned char>(line[at])) ||
-                           std::islower(static_cast<unsigned char>(line[at + 1]));
     char digits[3];
-    std::snprintf(digits, sizeof digits, lowerCase ? "%02x" : "%02X", sum);
+    std::snprintf(digits, sizeof digits, "%02X", sum);
     line[at] = digits[0];
     line[at + 1] = digits[1];
     return true;

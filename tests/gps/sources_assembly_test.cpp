@@ -1,0 +1,150 @@
+#include "gps/sources/LineAssembler.h"
+#include "gps/sources/ReplayPacer.h"
+#include "gps/sources/SourceTable.h"
+#include "gps/sources/TalkerRewrite.h"
+
+#include <QByteArray>
+#include <QList>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n";
+const QByteArray kRmc = "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
+
+QList<QByteArray> assemble(const QList<QByteArray>& chunks, LineAssembler::Options options) {
+    LineAssembler lines(options);
+    QList<QByteArray> out;
+    for (const QByteArray& chunk : chunks)
+        lines.feed(chunk.constData(), static_cast<int>(chunk.size()),
+                   [&out](const char* line, int length) { out.append(QByteArray(line, length)); });
+    return out;
+}
+
+TEST(SourcesAssembly, SplitsAtEveryPositionTheSameWay) {
+    const QByteArray stream = kGga + kRmc + "$";
+    for (int cut = 0; cut <= stream.size(); ++cut) {
+        SCOPED_TRACE(cut);
+        const QList<QByteArray> lines =
+            assemble({stream.left(cut), stream.mid(cut)}, {.bSkipSplitterData = true});
+        EXPECT_EQ(lines, (QList<QByteArray>{kGga, kRmc}));
+    }
+}
+
+TEST(SourcesAssembly, CutsAndDropsAsThePortReaderDoes) {
+    const QByteArray longRun(600, 'A');
+    struct Case {
+        const char* legend;
+        QList<QByteArray> chunks;
+        LineAssembler::Options options;
+        QList<QByteArray> expected;
+    } cases[] = {
+        {"last sentence held until the next $", {kGga, kRmc}, {}, {kGga}},
+        {"? and nine bytes dropped",
+         {"$GPXXX,1?123456789,2\r\n$"},
+         {.bSkipSplitterData = true},
+         {"$GPXXX,1,2\r\n"}},
+        {"? skip crosses read boundaries",
+         {"$GPX,1?1234", "56789,2\r\n", "$"},
+         {.bSkipSplitterData = true},
+         {"$GPX,1,2\r\n"}},
+        {"? kept without splitter data", {"$GPX,?\r\n$"}, {}, {"$GPX,?\r\n"}},
+        {"garbage before the first $ dropped", {"junk\r\n" + kGga + "$"}, {}, {kGga}},
+        {"line over 511 bytes cut at 512", {"$" + longRun + "$"}, {}, {"$" + longRun.left(511)}},
+        {"newline ends a line, JSON dropped",
+         {"{\"class\":\"WATCH\"}\n" + kGga},
+         {.bEndAtNewline = true},
+         {kGga}},
+        {"other talker rewritten",
+         {"$GNVTG,,T,,M,0.1,N,0.2,K,A*3E\r\n$"},
+         {.bAcceptAllTalkers = true},
+         {"$GPVTG,,T,,M,0.1,N,0.2,K,A*20\r\n"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        EXPECT_EQ(assemble(c.chunks, c.options), c.expected);
+    }
+}
+
+TEST(SourcesAssembly, RewritesOnlyFixSentencesOfOtherTalkers) {
+    struct Case {
+        const char* legend;
+        const char* line;
+        bool changed;
+        const char* expected;
+    } cases[] = {
+        // Expected checksums: XOR of the characters between "$" and "*", computed by hand (python).
+        {"GN RMC", "$GNRMC,001031.00,A,4404.13993,N,12118.86023,W,0.146,,100117,,,A*7B", true,
+         "$GPRMC,001031.00,A,4404.13993,N,12118.86023,W,0.146,,100117,,,A*65"},
+        {"GL GSA", "$GLGSA,A,3,,,,,,,,,,,,,1.5,0.9,1.2*20", true, "$GPGSA,A,3,,,,,,,,,,,,,1.5,0.9,1.2*3C"},
+        {"wrong checksum stays wrong", "$GAGGA,1*00", true, "$GPGGA,1*11"},
+        {"no checksum", "$GBGLL,1", true, "$GPGLL,1"},
+        {"GSV of GLONASS left alone", "$GLGSV,1,1,00*65", false, "$GLGSV,1,1,00*65"},
+        {"GP unchanged", "$GPGGA,1*0E", false, "$GPGGA,1*0E"},
+        {"unknown talker unchanged", "$INGGA,1*07", false, "$INGGA,1*07"},
+        {"too short", "$GNRM", false, "$GNRM"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        std::string line = c.line;
+        EXPECT_EQ(rewriteTalkerToGp(line.data(), static_cast<int>(line.size())), c.changed);
+        EXPECT_EQ(line, c.expected);
+    }
+}
+
+TEST(SourcesAssembly, LooksUpSourceNames) {
+    struct Case {
+        const char* name;
+        int index;
+    } cases[] = {
+        {"COM0", 0},
+        {"COM3", 3},
+        {"COM9", 9},
+        {"Datei", SourceTable::kFile},
+        {"Simulate", SourceTable::kSimulate},
+        {"MobileNavigator", SourceTable::kMobileNavigator},
+        {"gpsd", SourceTable::kGpsd},
+        {"tcp", SourceTable::kTcp},
+        // Not selectable or unknown: COM1.
+        {"Vantrel (Splitter Driver)", 1},
+        {"COM10", 1},
+        {"com3", 1},
+        {"", 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(SourceTable::lookUp(QString::fromLatin1(c.name)), c.index);
+    }
+}
+
+TEST(SourcesAssembly, PacesByRecordedSeconds) {
+    struct Case {
+        const char* legend;
+        int speed;
+        bool anyTalker;
+        QList<QByteArray> lines;
+        QList<int> pauses;
+    } cases[] = {
+        {"speed 2: pause after the first line of each second",
+         2,
+         false,
+         {"$GPRMC,120000,A", "$GPGGA,120000,1", "$GPGSV,1", "$GPRMC,120001,A", "$GPGGA,120001.00,1"},
+         {500, 0, 0, 500, 0}},
+        {"speed 0 counts as 1", 0, false, {"$GPGGA,120000,1", "$GPGGA,120001,1"}, {1000, 1000}},
+        {"speed -3 counts as 1", -3, false, {"$GPGGA,120000,1"}, {1000}},
+        {"speed 3: integer division", 3, false, {"$GPGGA,120000,1"}, {333}},
+        {"GN ignored for replay", 1, false, {"$GNGGA,120000,1"}, {0}},
+        {"GN paced for the fake receiver", 1, true, {"$GNGGA,120000,1", "$GNRMC,120000,A"}, {1000, 0}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        ReplayPacer pacer(c.speed, c.anyTalker);
+        QList<int> pauses;
+        for (const QByteArray& line : c.lines)
+            pauses.append(pacer.pauseAfter(line.constData(), static_cast<int>(line.size())));
+        EXPECT_EQ(pauses, c.pauses);
+    }
+}
+
+} // namespace
