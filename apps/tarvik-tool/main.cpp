@@ -22,6 +22,7 @@ const Noun kNouns[] = {
     {"coord", "write and read coordinates in the position notations", runCoordCommand},
     {"geo", "great-circle distance, course and destination", runGeoCommand},
     {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},
+    {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
 };
 
 void printHelp(QTextStream& out) {

@@ -1,0 +1,80 @@
+#include "Commands.h"
+#include "gps/demo/DemoDrive.h"
+#include "gps/demo/DemoRoot.h"
+#include "gps/demo/DemoSpeedSounds.h"
+#include "platform/DeviceClock.h"
+
+#include <QDir>
+#include <QSaveFile>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool demo generate FILE [--seed N] [--start ISO8601]\n"
+    "tarvik-tool demo sounds FOLDER\n"
+    "tarvik-tool demo prepare DATA\n"
+    "generate: writes the demo drive, about 20 minutes from Leutkirch to Isny with a stop and a\n"
+    "  tunnel, as a track log (header line, then $GPGGA and $GPRMC each second, $GPGSA and\n"
+    "  $GPGSV every 5 s). The same seed (default 1) and start (default 2025-05-17T07:14:00Z)\n"
+    "  give the same bytes.\n"
+    "sounds: writes the demo's speed sounds 30.wav, 50.wav, 80.wav and 100.wav into FOLDER.\n"
+    "prepare: fills the device root once from the demo data folder DATA (data/demo): its files\n"
+    "  under their system paths, its settings.reg into the root's registry.";
+
+bool writeFile(const QString& path, const QByteArray& bytes) {
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+int generateCommand(ToolContext& ctx, const QStringList& args) {
+    const ToolOptions options(args, {"--seed", "--start"});
+    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    DemoDriveOptions drive;
+    if (options.has("--seed")) {
+        bool bOk = false;
+        drive.m_nSeed = options.value("--seed").toULongLong(&bOk);
+        if (!bOk) return ctx.usageError(kUsage);
+    }
+    if (options.has("--start")) {
+        const auto start = FixedDeviceClock::fromIso8601(options.value("--start"));
+        if (!start) return ctx.usageError(kUsage);
+        drive.m_tStartUtc = start->utcNow();
+    }
+    const QString file = options.positional().first();
+    if (!writeFile(file, generateDemoDrive(drive))) return ctx.inputError("cannot write " + file);
+    return ToolContext::kOk;
+}
+
+int soundsCommand(ToolContext& ctx, const QStringList& args) {
+    if (args.size() != 1) return ctx.usageError(kUsage);
+    const QDir folder(args.first());
+    if (!folder.mkpath(".")) return ctx.inputError("cannot create " + folder.path());
+    for (const int speed : DemoSpeedSounds::speeds()) {
+        const QString file = folder.filePath(QString::number(speed) + ".wav");
+        if (!writeFile(file, DemoSpeedSounds::wavOf(speed))) return ctx.inputError("cannot write " + file);
+    }
+    return ToolContext::kOk;
+}
+
+int prepareCommand(ToolContext& ctx, const QStringList& args) {
+    if (args.size() != 1) return ctx.usageError(kUsage);
+    if (findDemoData({args.first()}).isEmpty())
+        return ctx.inputError(args.first() + " holds no " + DemoRoot::kSettingsFile);
+    if (!prepareDemoRoot(ctx.root.hostFolder(), args.first()))
+        return ctx.inputError("cannot fill " + ctx.root.hostFolder() + " from " + args.first());
+    return ToolContext::kOk;
+}
+
+} // namespace
+
+int runDemoCommand(ToolContext& ctx, QStringList args) {
+    const QString verb = args.isEmpty() ? QString() : args.takeFirst();
+    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
+        ctx.out << "usage: " << kUsage << '\n';
+        return ToolContext::kOk;
+    }
+    if (verb == "generate") return generateCommand(ctx, args);
+    if (verb == "sounds") return soundsCommand(ctx, args);
+    if (verb == "prepare") return prepareCommand(ctx, args);
+    return ctx.usageError(kUsage);
+}
