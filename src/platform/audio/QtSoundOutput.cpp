@@ -15,10 +15,19 @@ namespace {
 
 const char* kRemoveAfterwards = "tarvikRemoveAfterwards";
 
+// The first device query connects to the sound server; Qt's own warnings when there is none would
+// add lines of their own to ours, so they are held back during that query.
+bool hasOutputDevice() {
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const bool bDevice = !QMediaDevices::defaultAudioOutput().isNull();
+    qInstallMessageHandler(previous);
+    return bDevice;
+}
+
 } // namespace
 
-QtSoundOutput::QtSoundOutput(QObject* parent)
-    : QObject(parent), m_bDevice(!QMediaDevices::defaultAudioOutput().isNull()) {
+QtSoundOutput::QtSoundOutput(QObject* parent) : QObject(parent), m_bDevice(hasOutputDevice()) {
     if (!m_bDevice) noteMissingAudioOnce("no audio output device; sounds are silent");
 }
 
