@@ -10,6 +10,25 @@
 #include <QDateTime>
 #include <QDir>
 #include <cstdio>
+#include <optional>
+
+namespace {
+
+// The local opening time (seconds since 1970) that a log file's name tells; nothing when the name
+// does not read as "%d-%02d-%02d_%02d-%02d.txt" or names no real date and time.
+std::optional<int64_t> timeFromName(const QString& name) {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0;
+    if (std::sscanf(name.toLatin1().constData(), "%d-%02d-%02d_%02d-%02d.txt", &year, &month, &day, &hour,
+                    &minute) != 5)
+        return std::nullopt;
+    const QDate date(year, month, day);
+    const QTime time(hour, minute);
+    if (!date.isValid() || !time.isValid()) return std::nullopt;
+    // Local calendar fields taken as UTC give local seconds, the way the clock counts them.
+    return QDateTime(date, time, Qt::UTC).toSecsSinceEpoch();
+}
+
+} // namespace
 
 int OldLogPurge::ThreadDelOldLog(const StopEvent& stop, int delayMs) {
     DevLog("->Start ThreadDelOldLog");
@@ -21,18 +40,6 @@ int OldLogPurge::ThreadDelOldLog(const StopEvent& stop, int delayMs) {
 
 std::thread OldLogPurge::start(const DeviceRoot& root, const DeviceClock& clock, const StopEvent& stop) {
     return std::thread([root, &clock, &stop] { OldLogPurge(root, clock).ThreadDelOldLog(stop); });
-}
-
-std::optional<int64_t> OldLogPurge::timeFromName(const QString& name) {
-    int year = 0, month = 0, day = 0, hour = 0, minute = 0;
-    if (std::sscanf(name.toLatin1().constData(), "%d-%02d-%02d_%02d-%02d.txt", &year, &month, &day, &hour,
-                    &minute) != 5)
-        return std::nullopt;
-    const QDate date(year, month, day);
-    const QTime time(hour, minute);
-    if (!date.isValid() || !time.isValid()) return std::nullopt;
-    // Local calendar fields taken as UTC give local seconds, the way the clock counts them.
-    return QDateTime(date, time, Qt::UTC).toSecsSinceEpoch();
 }
 
 int OldLogPurge::deleteOldFiles(const StopEvent& stop) {

@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <cstdint>
-#include <optional>
 #include <thread>
 
 class DeviceClock;
@@ -24,10 +23,6 @@ public:
     // Runs ThreadDelOldLog on a thread of its own; the caller joins it after setting `stop`.
     // `clock` and `stop` must outlive the thread.
     static std::thread start(const DeviceRoot& root, const DeviceClock& clock, const StopEvent& stop);
-
-    // The local opening time (seconds since 1970) that a log file's name tells; nothing when the
-    // name does not read as "%d-%02d-%02d_%02d-%02d.txt" or names no real date and time.
-    static std::optional<int64_t> timeFromName(const QString& name);
 
 private:
     int deleteOldFiles(const StopEvent& stop);

@@ -100,13 +100,6 @@ bool TrackLogWriter::createFile(int64_t now) {
     return isOpen();
 }
 
-QStringList TrackLogWriter::loggedTypes() const {
-    QStringList names;
-    for (const LoggedType& type : m_types)
-        names << QString::fromLatin1(type.m_szName, type.m_nNameLength);
-    return names;
-}
-
 // A name shorter than six characters never matches, as a six-character comparison with its end
 // would not.
 TrackLogWriter::LoggedType* TrackLogWriter::findType(const char* line, int length) {

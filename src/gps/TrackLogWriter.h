@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <cstdint>
 #include <cstdio>
 #include <vector>
@@ -44,8 +43,6 @@ public:
     // Host path of the current file; empty while logging is off.
     const QString& path() const { return m_strPath; }
     int32_t logDelay() const { return m_nLogDelay; } // seconds; -1 off
-    // The sentence types logged, in table order.
-    QStringList loggedTypes() const;
 
     // "$Tarvik," with the reserved spaces and "\r\n".
     static QByteArray headerLine();

@@ -64,49 +64,31 @@ VerifiedRun verify(const std::vector<Step>& steps, int32_t nMaxBreakMin = 60, in
     return run;
 }
 
-TEST(DocVerify, AcceptsAndRejectsFixes) {
+// clang-format off
+TEST(DocVerify, AcceptsRejectsAndCountsFixes) {
     struct Case {
         const char* legend;
         std::vector<Step> steps;
-        int32_t nMaxBreakMin;
-        int32_t nSpeedLimit;
+        int32_t nMaxBreakMin, nSpeedLimit;
         std::vector<uint8_t> expected;
-    } cases[] = {
-        {"first fix without a last position is the start point", {{1, 0}}, 60, 1000, {0}},
-        {"then 10 m in 1 s (36 km/h) is valid", {{1, 0}, {1, 10}}, 60, 1000, {0, 1}},
-        {"a gap of 3601 s with MaxBreakMin 60 is a break",
-         {{1, 0}, {3601, 10}, {1, 10}},
-         60,
-         1000,
-         {0, 0, 1}},
-        {"a fix before the previous one", {{1, 0}, {-5, 10}}, 60, 1000, {0, 0}},
-        {"1 km in 1 s against SpeedLimit 1000: the next fix starts afresh",
-         {{1, 0}, {1, 1000}, {1, 10}, {1, 10}},
-         60,
-         1000,
-         {0, 0, 0, 1}},
-        {"the same second again counts nothing but is valid", {{1, 0}, {0, 10}}, 60, 1000, {0, 1}},
-        {"a lower speed limit rejects 72 km/h", {{1, 0}, {1, 20}}, 60, 50, {0, 0}},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(verify(c.steps, c.nMaxBreakMin, c.nSpeedLimit).valid, c.expected) << c.legend;
-    }
-}
-
-TEST(DocVerify, AccumulatesStatistics) {
-    struct Case {
-        const char* legend;
-        std::vector<Step> steps;
-        int32_t nRunTime, nMovingTime;
+        int32_t nRunTime, nMovingTime; // the tour time follows the moving time
         double dRunKm, dMovingKm;
     } cases[] = {
-        {"10 m in 1 s", {{1, 0}, {1, 10}}, 1, 1, 0.01, 0.01},
-        {"3.0 km/h is not moving", {{1, 0}, {1, 10, 3.0f}}, 1, 0, 0.01, 0},
-        {"3.1 km/h is moving", {{1, 0}, {1, 10, 3.1f}}, 1, 1, 0.01, 0.01},
-        {"a break adds nothing", {{1, 0}, {4000, 10}}, 0, 0, 0, 0},
+        {"first fix without a last position is the start point", {{1, 0}}, 60, 1000, {0}, 0, 0, 0, 0},
+        {"then 10 m in 1 s (36 km/h) is valid", {{1, 0}, {1, 10}}, 60, 1000, {0, 1}, 1, 1, 0.01, 0.01},
+        {"3.0 km/h is not moving", {{1, 0}, {1, 10, 3.0f}}, 60, 1000, {0, 1}, 1, 0, 0.01, 0},
+        {"3.1 km/h is moving", {{1, 0}, {1, 10, 3.1f}}, 60, 1000, {0, 1}, 1, 1, 0.01, 0.01},
+        {"a gap of 3601 s with MaxBreakMin 60 is a break; the last position stays",
+         {{1, 0}, {3601, 10}, {1, 10}}, 60, 1000, {0, 0, 1}, 1, 1, 0.02, 0.02},
+        {"a fix before the previous one", {{1, 0}, {-5, 10}}, 60, 1000, {0, 0}, 0, 0, 0, 0},
+        {"1 km in 1 s: the next fix starts afresh",
+         {{1, 0}, {1, 1000}, {1, 10}, {1, 10}}, 60, 1000, {0, 0, 0, 1}, 1, 1, 0.01, 0.01},
+        {"the same second again counts nothing but is valid", {{1, 0}, {0, 10}}, 60, 1000, {0, 1}, 0, 0, 0, 0},
+        {"a lower speed limit rejects 72 km/h", {{1, 0}, {1, 20}}, 60, 50, {0, 0}, 0, 0, 0, 0},
     };
     for (const Case& c : cases) {
-        const VerifiedRun run = verify(c.steps);
+        const VerifiedRun run = verify(c.steps, c.nMaxBreakMin, c.nSpeedLimit);
+        EXPECT_EQ(run.valid, c.expected) << c.legend;
         EXPECT_EQ(run.stats.m_nRunTime, c.nRunTime) << c.legend;
         EXPECT_EQ(run.stats.m_nMovingTime, c.nMovingTime) << c.legend;
         EXPECT_EQ(run.stats.m_nTourTime, c.nMovingTime) << c.legend;
@@ -116,41 +98,18 @@ TEST(DocVerify, AccumulatesStatistics) {
 }
 
 TEST(DocVerify, KeepsExtremesSpeedAndGradient) {
+    const Step slow{1, 10, 7, false}; // 36 km/h by position, 7 km/h by a speed from an earlier epoch
     struct Case {
         const char* legend;
         std::vector<Step> steps;
         float fMinAlt, fMaxAlt, fMaxSpeed, fSpeedAfter, fGradient;
     } cases[] = {
-        {"HDOP 45.0 leaves the altitude extremes alone",
-         {{1, 0}, {1, 10, 50, true, 45.0f, 800}},
-         9000,
-         -1000,
-         50,
-         50,
-         0},
+        {"HDOP 45.0 leaves the altitude extremes alone", {{1, 0}, {1, 10, 50, true, 45.0f, 800}}, 9000, -1000, 50, 50, 0},
         {"HDOP 44.9 counts", {{1, 0}, {1, 10, 50, true, 44.9f, 800}}, 800, 800, 50, 50, 0},
         {"without receiver speed the maximum stays and the speed is never replaced",
-         {{1, 0},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false},
-          {1, 10, 7, false}},
-         500,
-         500,
-         0,
-         7,
-         0},
+         {{1, 0}, slow, slow, slow, slow, slow, slow, slow, slow}, 500, 500, 0, 7, 0},
         {"5 m up over 100 m is a gradient of 5 %",
-         {{1, 0, 50, true, 1, 500}, {1, 10, 50, true, 1, 500}, {10, 100, 50, true, 1, 505}},
-         500,
-         505,
-         50,
-         50,
-         5.00626f},
+         {{1, 0}, {1, 10, 50, true, 1, 500}, {10, 100, 50, true, 1, 505}}, 500, 505, 50, 50, 5.00626f},
     };
     for (const Case& c : cases) {
         const VerifiedRun run = verify(c.steps);
@@ -161,6 +120,7 @@ TEST(DocVerify, KeepsExtremesSpeedAndGradient) {
         EXPECT_NEAR(run.stats.m_fGradient, c.fGradient, 0.01) << c.legend;
     }
 }
+// clang-format on
 
 TEST(DocVerify, SavesTheTourEvery512MovingSeconds) {
     struct Case {
@@ -177,16 +137,6 @@ TEST(DocVerify, SavesTheTourEvery512MovingSeconds) {
         EXPECT_EQ(run.nSavedTourTime, c.nSaved) << c.legend;
         EXPECT_EQ(run.stats.m_nTourTime, c.nStartTourTime + 1) << c.legend;
     }
-}
-
-TEST(DocVerify, KeepsMaximaAtZeroInTheWestAndSouth) {
-    TourStatistics stats;
-    stats.noteExtremes(-3.5, -33.9, 10, 1);
-    stats.noteExtremes(-3.4, -33.8, 12, 1);
-    EXPECT_EQ(stats.m_dMinLong, -3.5);
-    EXPECT_EQ(stats.m_dMaxLong, 0.0) << "maxima start at 0.0 and stay there west of Greenwich";
-    EXPECT_EQ(stats.m_dMinLat, -33.9);
-    EXPECT_EQ(stats.m_dMaxLat, 0.0);
 }
 
 } // namespace

@@ -22,27 +22,6 @@ void write(TrackLogWriter& writer, const QByteArray& line) {
     writer.writeSentence(line.constData(), static_cast<int>(line.size()));
 }
 
-TEST(TrackLogWriter, BuildsTheTypeTableWithGgaAlwaysIn) {
-    struct Case {
-        const char* legend;
-        const char* logType;
-        QStringList expected;
-    } cases[] = {
-        {"RMC alone gets GGA in front", "$GPRMC", {"$GPGGA", "$GPRMC"}},
-        {"empty logs GGA only", "", {"$GPGGA"}},
-        {"a list with GGA stays as it is", "$GPRMC,$GPGGA", {"$GPRMC", "$GPGGA"}},
-        {"names are cut to six characters", "$GPGGA,$GPGSVXX", {"$GPGGA", "$GPGSV"}},
-    };
-    for (const Case& c : cases) {
-        TestRoot root;
-        CRegistryKey().WriteString("LogType", c.logType);
-        FixedDeviceClock clock(kMay22At1200);
-        TrackLogWriter writer(root.root(), clock);
-        ASSERT_TRUE(writer.open()) << c.legend;
-        EXPECT_EQ(writer.loggedTypes(), c.expected) << c.legend;
-    }
-}
-
 TEST(TrackLogWriter, ThinsSentencesPerType) {
     struct Case {
         const char* legend;
@@ -50,10 +29,14 @@ TEST(TrackLogWriter, ThinsSentencesPerType) {
         const char* logType;
         int nGga, nRmc, nVtg; // written out of 30 seconds with one of each a second
     } cases[] = {
+        // clang-format off
         {"LogDelay 10 writes one GGA every 10 s", 10, "$GPGGA", 3, 0, 0},
         {"LogDelay 0 writes every GGA", 0, "$GPGGA", 30, 0, 0},
-        {"each listed type has its own delay", 10, "$GPGGA,$GPRMC", 3, 3, 0},
+        {"each listed type has its own delay; GGA is put in front of RMC", 10, "$GPRMC", 3, 3, 0},
+        {"empty logs GGA only", 0, "", 30, 0, 0},
+        {"names are cut to six characters", 0, "$GPVTGXX", 30, 0, 30},
         {"a blank after the comma names no type", 0, "$GPGGA, $GPVTG", 30, 0, 0},
+        // clang-format on
     };
     for (const Case& c : cases) {
         TestRoot root;
