@@ -22,12 +22,13 @@ DocumentSource::~DocumentSource() {
 }
 
 void DocumentSource::start() {
+    m_controller.updateSettings(true);
+    // After the reset of the start, which clears speed and course.
     MNPosition position;
     if (m_controller.primeNavigationPosition(position)) {
         m_doc.Fix().m_fSpeed = position.m_fSpeed;
         m_doc.Fix().m_fCourse = position.m_fCourse;
     }
-    m_controller.updateSettings(true);
 }
 
 void DocumentSource::HandleSentence(const char* pLine, int nLength) {

@@ -17,8 +17,8 @@ public:
     DocumentSource(CFendixDoc& doc, const DeviceRoot& root, const DeviceClock& clock);
     ~DocumentSource() override;
 
-    // At start: takes the navigation program's last published speed and course, then starts the
-    // configured source with reset.
+    // At start: starts the configured source with reset, then takes the navigation program's last
+    // published speed and course (its position only serves to see whether it moved since).
     void start();
     GpsSourceController& controller() { return m_controller; }
 

@@ -1,0 +1,88 @@
+#include "gps/sources/GpsSourceController.h"
+#include "gps/sources/GpsSourceTarget.h"
+#include "gps/sources/ReaderThread.h"
+#include "shell/settings/CRegistryKey.h"
+#include "sources_support.h"
+#include "support/TestRoot.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+class CountingTarget : public GpsSourceTarget {
+public:
+    void HandleSentence(const char*, int nLength) override { sentences += nLength > 0; }
+    void ShowSourceMessage(const QString&) override {}
+    void PrepareSourceChange(bool) override {}
+    void SourceStarted(int, const QString&, bool) override {}
+    void TakeNavigationPosition(const MNPosition&) override {}
+    void SupervisionTick() override {}
+    int sentences = 0;
+};
+
+// A reader that never looks at its stop event.
+class DeafReader : public SentenceReader {
+public:
+    void run(const StopEvent&, SentenceSink&) override {
+        for (;;)
+            QThread::msleep(5);
+    }
+};
+
+QByteArray developerLog(const TestRoot& root) {
+    QFile log(root.file("develop.log"));
+    return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+}
+
+TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
+    ensureApplication();
+    struct Case {
+        const char* legend;
+        bool deaf;
+        const char* expectedLogLine;
+    } cases[] = {
+        {"replay blocked in its hand-over ends itself", false, "->Leave 2 FileReadThread"},
+        {"a reader that never ends is terminated", true, "!!!!TerminateThread"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        TestRoot root;
+        CRegistryKey key;
+        key.WriteString("Develop", root.file("develop.log"));
+        CountingTarget target;
+        RecordingSink sink;
+        std::unique_ptr<GpsSourceController> controller;
+        std::unique_ptr<ReaderThread> deaf;
+        bool endedItself = false;
+        if (c.deaf) {
+            deaf = std::make_unique<ReaderThread>(std::make_unique<DeafReader>(), sink);
+            deaf->start();
+            endedItself = deaf->stopAndWait({.nRounds = 3, .nIntervalMs = 10});
+        } else {
+            QFile recording(root.file("run.txt"));
+            ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
+            for (int second = 0; second < 1000; ++second)
+                recording.write(QStringLiteral("$GPGGA,%1,4807.038,N,01131.000,E,1,08\r\n")
+                                    .arg(100000 + second)
+                                    .toLatin1());
+            recording.close();
+            key.WriteString("Source", "Simulate");
+            key.WriteString("File", recording.fileName());
+            controller = std::make_unique<GpsSourceController>(target, root.root());
+            controller->setReplayPause([](const StopEvent& stop, int) { return stop.isSet(); });
+            controller->updateSettings(false);
+            // No events are handled meanwhile, so the reader is left waiting in its first hand-over.
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            controller->setStopRounds({.nRounds = 50, .nIntervalMs = 100});
+            controller->stopSource();
+            endedItself = !controller->readerRunning();
+        }
+        EXPECT_EQ(endedItself, !c.deaf);
+        EXPECT_TRUE(developerLog(root).contains(c.expectedLogLine)) << developerLog(root).toStdString();
+        EXPECT_EQ(developerLog(root).contains("!!!!TerminateThread"), c.deaf);
+    }
+}
+
+} // namespace
