@@ -13,4 +13,5 @@ int runGridCommand(ToolContext& ctx, QStringList args);
 int runNmeaCommand(ToolContext& ctx, QStringList args);
 int runTrackCommand(ToolContext& ctx, QStringList args);
 int runReplayCommand(ToolContext& ctx, QStringList args);
+int runSoundCommand(ToolContext& ctx, QStringList args);
 int runDemoCommand(ToolContext& ctx, QStringList args);

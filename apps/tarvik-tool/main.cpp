@@ -19,6 +19,7 @@ const Noun kNouns[] = {
     {"nmea", "interpret NMEA sentences, build the stand-in $GPGGA", runNmeaCommand},
     {"track", "read a recorded NMEA log into track points", runTrackCommand},
     {"replay", "run the GPS document over a recorded log: statistics and track log", runReplayCommand},
+    {"sound", "speed-sound bands, one volume update, the default alert files", runSoundCommand},
     {"coord", "write and read coordinates in the position notations", runCoordCommand},
     {"geo", "great-circle distance, course and destination", runGeoCommand},
     {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},

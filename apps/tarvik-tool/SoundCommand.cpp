@@ -1,0 +1,87 @@
+#include "Commands.h"
+#include "NumberArgs.h"
+#include "gps/sound/DefaultAlertSounds.h"
+#include "gps/sound/SoundSettings.h"
+#include "gps/sound/SpeedSoundTable.h"
+#include "gps/sound/VolumeRules.h"
+#include "gps/sources/SourceSettings.h"
+#include "shell/settings/CRegistryKey.h"
+
+#include <QFileInfo>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool sound bands [--dir DIR]\n"
+    "       tarvik-tool sound volume --speed KMH [--noise LEVEL] [--base PERCENT] [--mute] [--force]\n"
+    "       tarvik-tool sound defaults\n"
+    "bands lists the speed sounds as CSV \"kmh,file\": the files <n>.wav (n = 0..399) in DIR, else in the\n"
+    "folder of the setting \"SpeedWaves\", whatever \"PlaySpeedSound\" says.\n"
+    "volume prints {\"applies\", \"percent\", \"wave\", \"label\"}: one volume update with the stored "
+    "volume\n"
+    "settings at KMH km/h; LEVEL (0..255) is the measured noise, used while \"DynaSound\" is non-zero; the\n"
+    "base volume defaults to its start value; --mute switches the sound off; --force as the settings pages "
+    "do.\n"
+    "defaults writes the missing default alert files and lists them as CSV \"file,written\".";
+
+int listBands(ToolContext& ctx, const ToolOptions& options) {
+    CRegistryKey key;
+    SpeedSoundTable table;
+    table.scan(options.value("--dir", readSetting(key, SoundSettings::kSpeedWaves)), ctx.root);
+    ctx.printCsvRow({"kmh", "file"});
+    for (int speed : table.speeds())
+        ctx.printCsvRow({QString::number(speed), table.fileOf(speed)});
+    return ToolContext::kOk;
+}
+
+int computeOneVolume(ToolContext& ctx, const ToolOptions& options) {
+    if (!options.has("--speed")) return ctx.usageError(kUsage);
+    CRegistryKey key;
+    const VolumeSettings settings = VolumeSettings::read(key);
+    const uint32_t stored = static_cast<uint32_t>(readSetting(key, SoundSettings::kWaveVolume));
+    const QString base = QString::number(startBaseVolume(settings, stored));
+    QString badText;
+    const auto numbers = parseNumberArgs(
+        {options.value("--speed"), options.value("--noise", "0"), options.value("--base", base)}, badText);
+    if (!numbers) return ctx.inputError("not a number: " + badText);
+    const VolumeInput input{float(numbers->at(0)), settings.m_nDynaSound != 0, int(numbers->at(1)),
+                            int(numbers->at(2)), !options.has("--mute")};
+    const VolumeChange change = computeVolume(settings, input, options.has("--force"));
+    ctx.printJson({{"applies", change.m_bApplies ? "true" : "false"},
+                   {"percent", QString::number(change.m_nPercent)},
+                   {"wave", QString::number(change.m_nWaveVolume)},
+                   {"label", ToolContext::jsonString(change.m_strLabel)}});
+    return ToolContext::kOk;
+}
+
+int installDefaults(ToolContext& ctx) {
+    const char* const files[] = {SoundSettings::kNoFixSoundWav.defaultValue,
+                                 SoundSettings::kSignalSoundWav.defaultValue,
+                                 SoundSettings::kNoDataSoundWav.defaultValue};
+    QList<bool> existed;
+    for (const char* file : files)
+        existed << QFileInfo::exists(ctx.root.hostPath(file));
+    if (!DefaultAlertSounds::install(ctx.root)) return ctx.inputError("cannot write the alert sounds");
+    ctx.printCsvRow({"file", "written"});
+    for (int i = 0; i < 3; ++i)
+        ctx.printCsvRow({ctx.root.hostPath(files[i]), existed[i] ? "no" : "yes"});
+    return ToolContext::kOk;
+}
+
+} // namespace
+
+int runSoundCommand(ToolContext& ctx, QStringList args) {
+    const ToolOptions options(args, {"--dir", "--speed", "--noise", "--base"},
+                              {"--help", "--mute", "--force"});
+    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (options.has("--help")) {
+        ctx.out << "usage: " << kUsage << Qt::endl;
+        return ToolContext::kOk;
+    }
+    const QString verb = options.positional().value(0);
+    if (options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (verb == QLatin1String("bands")) return listBands(ctx, options);
+    if (verb == QLatin1String("volume")) return computeOneVolume(ctx, options);
+    if (verb == QLatin1String("defaults")) return installDefaults(ctx);
+    return ctx.usageError(kUsage);
+}
