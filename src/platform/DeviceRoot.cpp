@@ -51,4 +51,6 @@ QString DeviceRoot::hostPath(const QString& systemPath) const {
 
 QString DeviceRoot::registryFile() const { return m_strRoot + "/registry.db"; }
 
+QString DeviceRoot::cacheFolder() const { return m_strRoot + "/cache"; }
+
 bool DeviceRoot::ensureExists() const { return QDir().mkpath(programFolder()); }

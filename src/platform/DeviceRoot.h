@@ -23,6 +23,8 @@ public:
     // absolute "/"-path whose first folder exists on this machine (a file the user picked, /tmp/x.log).
     QString hostPath(const QString& systemPath) const;
     QString registryFile() const;
+    // Downloads kept only until they are used (the handheld's browser cache).
+    QString cacheFolder() const;
 
     // Creates the root and the program folder; false when that is impossible.
     bool ensureExists() const;

@@ -1,0 +1,134 @@
+#include "shell/CFendixApp.h"
+
+#include "gps/CFendixDoc.h"
+#include "gps/OldLogPurge.h"
+#include "gps/sound/DefaultAlertSounds.h"
+#include "gps/sound/SoundController.h"
+#include "gps/sources/DocumentSource.h"
+#include "gps/sources/SourceSettings.h"
+#include "gps/ui/CSourceSettingsPage.h"
+#include "gps/ui/CSpeedView.h"
+#include "platform/audio/QtNoiseMeter.h"
+#include "platform/audio/QtSoundOutput.h"
+#include "platform/session/MemoryPressure.h"
+#include "platform/session/TerminationSignals.h"
+#include "platform/session/ThreadPriority.h"
+#include "shell/CMainFrame.h"
+#include "shell/CSettingsPage.h"
+#include "shell/PageTable.h"
+#include "shell/ShellSettings.h"
+#include "shell/settings/CRegistryKey.h"
+#include "shell/settings/DevLog.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QProcess>
+
+namespace {
+// A second memory-pressure report within this time counts as the system asking the program to close.
+constexpr int kPressureBurstMs = 10000;
+} // namespace
+
+CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root) {}
+
+CFendixApp::~CFendixApp() { Shutdown(); }
+
+bool CFendixApp::InitInstance(bool bFullScreen) {
+    DevLog("ver: %s", TARVIK_VERSION);
+    CRegistryKey key;
+    m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
+    m_pDoc->LoadSettings();
+    m_pSource = std::make_unique<DocumentSource>(*m_pDoc, m_root, m_clock);
+    m_pSource->setMessageHandler([this](const QString& text) { ShowSourceMessage(text); });
+
+    PageFactory pages;
+    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
+    pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
+        return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
+    });
+    pages.add(PageTable::kOtherSettings, [this](QWidget* parent) {
+        CSettingsPage::Actions actions;
+        actions.volumeSettingsChanged = [this] {
+            m_pSounds->loadVolumeSettings();
+            m_pSounds->updateVolume(true);
+        };
+        actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
+        return new CSettingsPage(actions, parent);
+    });
+    m_pFrame = std::make_unique<CMainFrame>(std::move(pages));
+    m_pDoc->SetPageHooks(m_pFrame.get());
+    connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
+
+    m_pSoundOutput = std::make_unique<QtSoundOutput>();
+    m_pNoiseMeter = std::make_unique<QtNoiseMeter>();
+    DefaultAlertSounds::install(m_root);
+    m_pSounds = std::make_unique<SoundController>(*m_pSoundOutput, *m_pNoiseMeter, m_root, m_pDoc->Fix());
+    m_pSounds->loadSettings();
+    m_pDoc->SetAlertHooks(m_pSounds.get());
+
+    QString currentView;
+    m_pFrame->SelectPageByName(key.ReadString(QString::fromLatin1(ShellSettings::kCurrentView), currentView)
+                                   ? currentView
+                                   : PageTable::name(PageTable::kSpeed));
+    if (bFullScreen) m_pFrame->showFullScreen();
+    else m_pFrame->show();
+
+    m_pSource->start();
+    m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
+    StartAutoStartProgram();
+
+    m_idleInhibitor.hold(readSetting(key, ShellSettings::kNoPowerdown));
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState state) { ApplyLowPriority(state == Qt::ApplicationActive); });
+    m_pSignals = new TerminationSignals(this);
+    connect(m_pSignals, &TerminationSignals::terminationRequested, m_pFrame.get(), &CMainFrame::Exit);
+    m_pPressure = new MemoryPressure(this);
+    connect(m_pPressure, &MemoryPressure::pressure, this, &CFendixApp::OnMemoryPressure);
+    m_pressureBurst.setSingleShot(true);
+    m_pressureBurst.setInterval(kPressureBurstMs);
+    return true;
+}
+
+void CFendixApp::StartAutoStartProgram() {
+    CRegistryKey key;
+    QString program = readSetting(key, ShellSettings::kAutoStart);
+    program.replace('/', '\\');
+    // Waiting for the navigation program ("PostNavi") needs its window to be found; until then the
+    // program is not started at all rather than too early.
+    if (program.isEmpty() || readSetting(key, ShellSettings::kPostNavi)) return;
+    QProcess::startDetached(m_root.hostPath(program), {}); // a failed start is not reported
+}
+
+void CFendixApp::ApplyLowPriority(bool bActive) {
+    if (bActive) {
+        if (m_bLowPriority) setCurrentThreadBelowNormal(false);
+        m_bLowPriority = false;
+        return;
+    }
+    CRegistryKey key;
+    if (readSetting(key, ShellSettings::kLowPriority)) m_bLowPriority = setCurrentThreadBelowNormal(true);
+}
+
+void CFendixApp::OnMemoryPressure() {
+    if (m_pressureBurst.isActive()) m_pFrame->OnSystemClose();
+    else m_pFrame->OnHibernate();
+    m_pressureBurst.start();
+}
+
+void CFendixApp::ShowSourceMessage(const QString& text) {
+    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarvik"), text, QMessageBox::Ok, m_pFrame.get());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open(); // never blocks the sentences behind it
+}
+
+void CFendixApp::Shutdown() {
+    if (m_bShutDown || !m_pDoc) return;
+    m_bShutDown = true;
+    m_pDoc->StopSource();
+    m_pSounds->shutdown();
+    m_pDoc->SaveAndClose();
+    m_idleInhibitor.hold(false);
+    m_purgeStop.set();
+    if (m_purgeThread.joinable()) m_purgeThread.join();
+    QCoreApplication::quit();
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/DeviceClock.h"
+#include "platform/DeviceRoot.h"
+#include "gps/sources/StopEvent.h"
+#include "platform/session/IdleInhibitor.h"
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+#include <thread>
+
+class CFendixDoc;
+class CMainFrame;
+class DocumentSource;
+class MemoryPressure;
+class QtNoiseMeter;
+class QtSoundOutput;
+class SoundController;
+class TerminationSignals;
+
+// The program: starts the parts in their order (settings, document, frame, sounds, the page of
+// "CurrentView", the GPS source, the old-log purge, the program started with this one) and ends
+// them on the frame's close (source stopped, tour and last position saved, log closed).
+class CFendixApp : public QObject {
+    Q_OBJECT
+public:
+    explicit CFendixApp(const DeviceRoot& root);
+    ~CFendixApp() override;
+
+    // Builds and shows everything; false when the window cannot be made.
+    bool InitInstance(bool bFullScreen);
+    CMainFrame& Frame() { return *m_pFrame; }
+    CFendixDoc& Document() { return *m_pDoc; }
+
+private:
+    void StartAutoStartProgram();
+    void ApplyLowPriority(bool bActive);
+    void OnMemoryPressure();
+    void Shutdown();
+    void ShowSourceMessage(const QString& text);
+
+    DeviceRoot m_root;
+    SystemDeviceClock m_clock;
+    std::unique_ptr<CFendixDoc> m_pDoc;
+    std::unique_ptr<QtSoundOutput> m_pSoundOutput;
+    std::unique_ptr<QtNoiseMeter> m_pNoiseMeter;
+    std::unique_ptr<SoundController> m_pSounds;
+    std::unique_ptr<DocumentSource> m_pSource;
+    std::unique_ptr<CMainFrame> m_pFrame;
+    TerminationSignals* m_pSignals = nullptr;
+    MemoryPressure* m_pPressure = nullptr;
+    IdleInhibitor m_idleInhibitor;
+    StopEvent m_purgeStop;
+    std::thread m_purgeThread;
+    QTimer m_pressureBurst; // a further pressure report within its period asks the frame to close
+    bool m_bShutDown = false;
+    bool m_bLowPriority = false;
+};

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "gps/DocumentHooks.h"
+#include "shell/PageFactory.h"
+
+#include <QMainWindow>
+#include <QByteArray>
+#include <map>
+
+class CPageView;
+class QMenu;
+class QStackedWidget;
+class QToolBar;
+
+// The one window: shows one page at a time, switches pages by command or name, remembers the page
+// in "CurrentView", keeps the menu "Ansicht" and the command bar in step, and gives memory back
+// when the system asks. Pages are created on first use and kept.
+class CMainFrame : public QMainWindow, public PageHooks {
+    Q_OBJECT
+public:
+    static constexpr int kCloseBudget = 10;
+
+    explicit CMainFrame(PageFactory factory, QWidget* parent = nullptr);
+    ~CMainFrame() override;
+
+    // Shows the page of `command` (built-in, map or user page); false when it has no page.
+    bool SelectPage(uint16_t command);
+    // Looks the name up in the page table, then among the user pages; else the data source page.
+    void SelectPageByName(const QString& name);
+    QStringList PageNames() const;
+    uint16_t CurrentCommand() const { return m_nCurrentCommand; }
+    CPageView* CurrentPage() const { return m_pCurrentPage; }
+    // The page object of a command if it exists (not created here).
+    CPageView* ExistingPage(uint16_t command) const;
+    QList<uint16_t> CommandBarCommands() const;
+
+    // Drops cached data; when aggressive (and not in a page switch) deletes every page but the shown one.
+    void FreeMemory(bool bAggressive);
+    // The system asks for memory (hibernate); and asks to close, which the budget answers by
+    // freeing memory ten times before it really closes.
+    void OnHibernate();
+    void OnSystemClose();
+    // The exit command: always closes.
+    void Exit();
+    int ReserveBlocks() const { return int(m_reserve.size()); }
+
+    // PageHooks
+    void showRawSentence(const char* pLine, int nLength) override;
+    void refreshModules(bool) override {}
+    void redrawPages(uint16_t hint) override;
+
+Q_SIGNALS:
+    // The frame closes for real: stop the source, save and close the document.
+    void closing();
+    void commandTriggered(uint16_t command);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenu();
+    void RebuildCommandBar();
+    void UpdateMenuChecks();
+    void RunCommand(uint16_t command);
+    CPageView* PageFor(uint16_t command);
+
+    PageFactory m_factory;
+    QStackedWidget* m_pStack;
+    QToolBar* m_pCommandBar;
+    QMenu* m_pUserPageMenu = nullptr;
+    std::map<uint16_t, CPageView*> m_pages;
+    std::map<uint16_t, QAction*> m_menuActions;
+    CPageView* m_pCurrentPage = nullptr;
+    uint16_t m_nCurrentCommand = 0;
+    int m_nCloseBudget = kCloseBudget;
+    bool m_bSwitching = false;
+    std::vector<QByteArray> m_reserve;
+};

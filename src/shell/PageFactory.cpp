@@ -1,0 +1,15 @@
+#include "shell/PageFactory.h"
+
+#include "shell/PageTable.h"
+#include "shell/ui/PlaceholderPage.h"
+
+CPageView* PageFactory::create(uint16_t command, QWidget* parent) const {
+    for (const auto& [known, creator] : m_creators)
+        if (known == command) return creator(parent);
+    if (PageTable::isUserPage(command)) {
+        const UserPageSlot& slot = m_userPages[command - PageTable::kFirstUserPage];
+        return slot.isEmpty() ? nullptr : new PlaceholderPage(slot.name, parent);
+    }
+    if (PageTable::isCommandOnly(command) || !PageTable::entry(command)) return nullptr;
+    return new PlaceholderPage(PageTable::name(command), parent);
+}

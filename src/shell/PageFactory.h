@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shell/UserPageSlots.h"
+
+#include <cstdint>
+#include <functional>
+
+class CPageView;
+class QWidget;
+
+// Creates the page object of a command (built-in pages, map pages, user page slots). The frame
+// asks for a page on first use and after memory pressure deleted it.
+class PageFactory {
+public:
+    using Creator = std::function<CPageView*(QWidget* parent)>;
+    // A page this factory has its own creator for; every other page of the table is shown as a
+    // placeholder until its page exists.
+    void add(uint16_t command, Creator creator) { m_creators.emplace_back(command, std::move(creator)); }
+    void setUserPages(const UserPageSlots& slots) { m_userPages = slots; }
+    const UserPageSlots& userPages() const { return m_userPages; }
+
+    CPageView* create(uint16_t command, QWidget* parent) const;
+
+private:
+    std::vector<std::pair<uint16_t, Creator>> m_creators;
+    UserPageSlots m_userPages;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QWidget>
+
+// A text drawn as large as its rectangle allows, for values read at a glance from a car mount.
+class FittedLabel : public QWidget {
+    Q_OBJECT
+public:
+    explicit FittedLabel(QWidget* parent = nullptr, Qt::Alignment alignment = Qt::AlignCenter);
+    void setText(const QString& text);
+    const QString& text() const { return m_strText; }
+    void setColour(const QColor& colour);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_strText;
+    Qt::Alignment m_alignment;
+};
