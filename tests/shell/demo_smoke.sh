@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# The program in a real window: the demo starts and replays (the speed digits change between two
+# screenshots taken seconds apart), then SIGTERM closes it cleanly (exit code 0) with the tour saved.
+set -euo pipefail
+tarvik=$1
+tool=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+cat > "$work/run.sh" <<SCRIPT
+set -u
+"$tarvik" --demo --root "$work/root" 2> "$work/stderr" &
+pid=\$!
+sleep 6
+import -window root "$work/one.png"
+sleep 4
+import -window root "$work/two.png"
+kill -TERM \$pid
+for _ in \$(seq 50); do kill -0 \$pid 2>/dev/null || break; sleep 0.2; done
+if kill -0 \$pid 2>/dev/null; then echo "tarvik did not end on SIGTERM"; kill -KILL \$pid; exit 1; fi
+wait \$pid
+echo "exit code \$?"
+SCRIPT
+result=$(xvfb-run -a -s "-screen 0 480x640x24" bash "$work/run.sh")
+echo "$result"
+[ "$result" = "exit code 0" ] || { cat "$work/stderr"; exit 1; }
+
+changed=$(compare -metric AE "$work/one.png" "$work/two.png" null: 2>&1 || true)
+echo "pixels changed between the screenshots: $changed"
+[ "${changed%% *}" -gt 100 ] || { echo "the page did not change while replaying"; exit 1; }
+
+tour=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' Tour)
+echo "tour saved: $tour km"
+view=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' CurrentView)
+[ "$view" = "Geschwindigkeitsanzeige" ] || { echo "unexpected page $view"; exit 1; }
+ls "$work/root/My Documents/TragLog/"*.txt > /dev/null || { echo "no track log written"; exit 1; }
