@@ -125,6 +125,7 @@ void CFendixApp::Shutdown() {
     if (m_bShutDown || !m_pDoc) return;
     m_bShutDown = true;
     m_pDoc->StopSource();
+    m_pDoc->SetAlertHooks(nullptr);
     m_pSounds->shutdown();
     m_pDoc->SaveAndClose();
     m_idleInhibitor.hold(false);
