@@ -15,3 +15,5 @@ int runTrackCommand(ToolContext& ctx, QStringList args);
 int runReplayCommand(ToolContext& ctx, QStringList args);
 int runSoundCommand(ToolContext& ctx, QStringList args);
 int runDemoCommand(ToolContext& ctx, QStringList args);
+int runFakeReceiverCommand(ToolContext& ctx, QStringList args);
+int runWatchCommand(ToolContext& ctx, QStringList args);

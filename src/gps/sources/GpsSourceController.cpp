@@ -35,7 +35,8 @@ void GpsSourceController::updateSettings(bool bResetStatistics) {
     if (bResetStatistics) m_bFailureShown = false;
 
     CRegistryKey key;
-    const QString source = readSetting(key, SourceSettings::kSource);
+    const QString source =
+        m_strSourceOverride.isEmpty() ? readSetting(key, SourceSettings::kSource) : m_strSourceOverride;
     int index = SourceTable::lookUp(source);
     if (index == SourceTable::kMobileNavigator) m_bMnPriority = readSetting(key, SourceSettings::kMnPriority);
     if (m_bMnPriority && m_navigationProgramRuns()) index = SourceTable::kMobileNavigator;

@@ -48,7 +48,9 @@ public:
     void setNavigationProgramProbe(std::function<bool()> probe) {
         m_navigationProgramRuns = std::move(probe);
     }
-    // A serial device path used for every COM port instead of the settings (tarvik-tool watch --device).
+    // For one session (tarvik-tool watch): a source name used instead of "Source", and a device
+    // path used for every COM port instead of its setting. Empty: the settings hold.
+    void setSourceOverride(const QString& source) { m_strSourceOverride = source; }
     void setDeviceOverride(const QString& devicePath) { m_strDeviceOverride = devicePath; }
     void setStopRounds(ReaderThread::StopRounds rounds) { m_stopRounds = rounds; }
     void setReplayPause(FileReadThread::Pause pause) { m_replayPause = std::move(pause); }
@@ -71,6 +73,7 @@ private:
     bool m_bFailureShown = false;
     MNPosition m_lastNavigationPosition;
     std::function<bool()> m_navigationProgramRuns;
+    QString m_strSourceOverride;
     QString m_strDeviceOverride;
     ReaderThread::StopRounds m_stopRounds;
     FileReadThread::Pause m_replayPause = FileReadThread::waitOnStopEvent;
