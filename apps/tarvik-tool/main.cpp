@@ -24,8 +24,8 @@ const Noun kNouns[] = {
     {"geo", "great-circle distance, course and destination", runGeoCommand},
     {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
-    {"fake-receiver", "play a recorded NMEA log into a pseudo-terminal, as a receiver would", runFakeReceiverCommand},
-    {"watch", "run the configured GPS source and print every sentence with its change code", runWatchCommand},
+    {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
+    {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
 };
 
 void printHelp(QTextStream& out) {
