@@ -1,3 +1,4 @@
+#include "shell/settings/CRegistryKey.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -49,6 +50,22 @@ TEST(DocReplay, MatchesTheExpectedSummaries) {
         EXPECT_TRUE(written.startsWith("$Tarvik," + QByteArray(256, ' ') + "\r\n")) << name.toStdString();
         EXPECT_EQ(written.mid(266), ggaAndRmcOf(dir.filePath(name))) << name.toStdString();
     }
+}
+
+TEST(DocReplay, KeepsTheTourAcrossRuns) {
+    TestRoot root;
+    const QString log = testDataDir() + "/replay/lost-fix-and-jumps.nmea";
+    double tourKm[2] = {};
+    for (double& km : tourKm) {
+        const ToolResult result = runTool(QStringList{"--root", root.path(), "replay", log} + kReplayOptions);
+        km = QJsonDocument::fromJson(result.out).object().value("tour_km").toDouble();
+    }
+    EXPECT_GT(tourKm[0], 0.0);
+    // "Tour" is stored as "%f": a millionth of a km is what the store keeps.
+    EXPECT_NEAR(tourKm[1], 2 * tourKm[0], 1e-6) << "the second run goes on with the saved tour";
+    uint32_t tourStart = 0;
+    EXPECT_TRUE(CRegistryKey().ReadDword("TourStart", tourStart));
+    EXPECT_EQ(tourStart, 1779451200u) << "the missing tour was reset at --now";
 }
 
 // Real receiver logs from ../shared/data, each with its expected summary in tests/data/replay/shared.
