@@ -45,8 +45,10 @@ bool isInside(const QString& path, const QString& folder) {
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath()).startsWith(root);
 }
 
-// Copies the data entry a setting names (see DemoRoot.h) to the host path of the setting's value.
-bool installTarget(const DeviceRoot& root, const QString& dataFolder, const QString& systemPath) {
+// Copies the data entry a setting names (see DemoRoot.h) to the host path of the setting's value;
+// files already there are kept unless `bReplace`.
+bool installTarget(const DeviceRoot& root, const QString& dataFolder, const QString& systemPath,
+                   bool bReplace) {
     const QStringList parts = QString(systemPath).replace('\\', '/').split('/', Qt::SkipEmptyParts);
     if (parts.isEmpty()) return true;
     const QFileInfo entry(QDir(dataFolder).filePath(parts.last()));
@@ -63,9 +65,10 @@ bool installTarget(const DeviceRoot& root, const QString& dataFolder, const QStr
     else
         sources << entry.filePath();
     for (const QString& source : sources) {
-        const auto bytes = readAll(source);
         const QString destination =
             entry.isDir() ? QDir(target).filePath(QFileInfo(source).fileName()) : target;
+        if (!bReplace && QFileInfo::exists(destination)) continue;
+        const auto bytes = readAll(source);
         if (!bytes || !writeAll(destination, *bytes)) {
             DevLog("!!!!demo: cannot copy %s", source.toUtf8().constData());
             return false;
@@ -96,15 +99,16 @@ bool prepareDemoRoot(const QString& folder, const QString& dataFolder) {
     }
     const QByteArray digest = digestOf(dataFolder);
     const QString stampFile = QDir(folder).filePath(DemoRoot::kStampFile);
-    if (readAll(stampFile) == digest) return true;
+    const bool bFresh = readAll(stampFile) != digest;
 
     const DeviceRoot root(folder);
     if (!root.ensureExists()) return false;
     for (const RegFile::KeyChange& key : parsed.keys)
         for (const RegFile::ValueChange& change : key.values)
             if (change.value && change.value->type == RegistryType::String &&
-                !installTarget(root, dataFolder, change.value->toString()))
+                !installTarget(root, dataFolder, change.value->toString(), bFresh))
                 return false;
+    if (!bFresh) return true;
     RegistryHive hive(root.registryFile());
     if (!hive.isOpen() || !RegFile::apply(hive, parsed)) return false;
     // Written last: a root left half-filled is filled again on the next call.

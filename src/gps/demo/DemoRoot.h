@@ -18,9 +18,9 @@ inline constexpr const char* kStampFile = "demo.stamp";
 // The first of `candidates` that holds demo data (a "settings.reg"); empty when none does.
 QString findDemoData(const QStringList& candidates);
 
-// Fills the device root `folder` from `dataFolder` once: the files are copied under their system
-// paths and the settings imported into that root's registry; a root already filled from the same
-// data is left as it is, so a user's changes in the demo stay. No other root is touched, and no
-// file is written outside `folder`. False, with a line in the developer log, when the data is
-// incomplete or cannot be written; the next call tries again.
+// Fills the device root `folder` from `dataFolder`: the files are copied under their system paths
+// and the settings imported into that root's registry. Once per version of the data: later calls
+// only put back files that are missing, so a user's changes in the demo stay. No other root is
+// touched, and no file is written outside `folder`. False, with a line in the developer log, when
+// the data is incomplete or cannot be written; the next call tries again.
 bool prepareDemoRoot(const QString& folder, const QString& dataFolder);
