@@ -1,0 +1,60 @@
+#include "support/TestData.h"
+#include "support/TestRoot.h"
+#include "support/ToolRunner.h"
+
+#include <QProcess>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(SourcesTool, WatchShowsWhatTheFakeReceiverPlays) {
+    TestRoot root;
+    QProcess receiver;
+    receiver.start(QStringLiteral(TARVIK_TOOL_PATH),
+                   {"fake-receiver", testDataDir() + "/sources/gpsd-feed.nmea", "--speed", "10", "--loop"});
+    ASSERT_TRUE(receiver.waitForReadyRead(10000));
+    const QString device = QString::fromLocal8Bit(receiver.readLine()).trimmed();
+    ASSERT_TRUE(device.startsWith("/dev/")) << device.toStdString();
+
+    const ToolResult watched =
+        runTool({"--root", root.path(), "watch", "--device", device, "--seconds", "2"});
+    receiver.kill();
+    receiver.waitForFinished();
+    EXPECT_EQ(watched.exitCode, 0) << watched.err.toStdString();
+    EXPECT_TRUE(watched.out.startsWith("ms,code,sentence\n"));
+    EXPECT_TRUE(watched.out.contains(
+        ",70,\"$GPGGA,092911.00,4807.038,N,01131.017,E,1,08,0.9,545.4,M,46.9,M,,*60\"\n"))
+        << watched.out.toStdString();
+    EXPECT_TRUE(watched.out.contains(",98,\"$GPRMC,092912.00,"));
+}
+
+TEST(SourcesTool, RejectsBadCallsWithTheRightExitCode) {
+    TestRoot root;
+    struct Case {
+        const char* legend;
+        QStringList args;
+        int exitCode;
+        const char* err;
+    } cases[] = {
+        {"watch: splitter driver is no source",
+         {"watch", "--source", "Vantrel (Splitter Driver)"},
+         2,
+         "usage:"},
+        {"watch: seconds not a number", {"watch", "--seconds", "soon"}, 2, "usage:"},
+        {"watch: port that cannot be opened",
+         {"watch", "--source", "COM4", "--device", root.file("none"), "--seconds", "1"},
+         1,
+         "Unable to open the port: "},
+        {"fake-receiver: no log", {"fake-receiver"}, 2, "usage:"},
+        {"fake-receiver: speed 0", {"fake-receiver", "x.nmea", "--speed", "0"}, 2, "usage:"},
+        {"fake-receiver: missing log", {"fake-receiver", root.file("missing.nmea")}, 1, "cannot read"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        const ToolResult result = runTool(QStringList{"--root", root.path()} + c.args);
+        EXPECT_EQ(result.exitCode, c.exitCode);
+        EXPECT_TRUE(result.err.contains(c.err)) << result.err.toStdString();
+    }
+}
+
+} // namespace
