@@ -9,7 +9,7 @@
 namespace {
 
 // The independent oracle: haversine and the spherical direct problem on the sphere of 111.12 km per
-// degree, written from the textbook formulas with std::numbers::pi rather than the system's constants.
+// degree, from the textbook formulas with std::numbers::pi rather than the system's constants.
 constexpr double kDeg = std::numbers::pi / 180.0;
 constexpr double kRadiusKm = 111.12 / kDeg;
 
@@ -20,15 +20,6 @@ double haversineKm(double lon1, double lat1, double lon2, double lat2) {
     return 2 * kRadiusKm * std::asin(std::sqrt(h));
 }
 
-double initialCourse(double lon1, double lat1, double lon2, double lat2) {
-    const double dl = (lon2 - lon1) * kDeg;
-    const double course = std::atan2(std::sin(dl) * std::cos(lat2 * kDeg),
-                                     std::cos(lat1 * kDeg) * std::sin(lat2 * kDeg) -
-                                         std::sin(lat1 * kDeg) * std::cos(lat2 * kDeg) * std::cos(dl));
-    return course < 0 ? course + 2 * std::numbers::pi : course;
-}
-
-// Uniform in [low, high) from the 32-bit Mersenne Twister, whose sequence the standard fixes.
 double uniform(std::mt19937& random, double low, double high) {
     return low + (high - low) * (random() / 4294967296.0);
 }
@@ -38,58 +29,48 @@ double uniform(std::mt19937& random, double low, double high) {
 TEST(GeoSphere, CourseSpecialCases) {
     struct Case {
         const char* legend;
-        double lon1, lat1, lon2, lat2;
-        double km;
+        double lon1, lat1, lon2, lat2, km;
         float course;
     } cases[] = {
         {"identical points: distance 0, course pi", 11.5, 48.1, 11.5, 48.1, 0.0, float(Pi)},
         {"same meridian northwards", 11.5, 48.0, 11.5, 49.0, 111.12, 0.0f},
         {"same meridian southwards", 11.5, 49.0, 11.5, 48.0, 111.12, float(Pi)},
         {"along the equator eastwards", 0.0, 0.0, 1.0, 0.0, 111.12, float(Pi / 2)},
-        {"along the equator westwards", 1.0, 0.0, 0.0, 0.0, 111.12, float(3 * Pi / 2)},
         {"across 180 deg: the long way round, westwards", 179.5, 0.0, -179.5, 0.0, 111.12, float(3 * Pi / 2)},
     };
     for (const Case& c : cases) {
         float course = -1.0f;
         EXPECT_NEAR(GeoDistance(c.lon1, c.lat1, c.lon2, c.lat2, &course), c.km, 1e-9) << c.legend;
         EXPECT_NEAR(course, c.course, 1e-6) << c.legend;
-        EXPECT_EQ(GeoDistance(c.lon1, c.lat1, c.lon2, c.lat2),
-                  GeoDistance(c.lon1, c.lat1, c.lon2, c.lat2, &course))
-            << c.legend << ": the course output does not change the distance";
     }
 }
 
 TEST(GeoSphere, DestinationNormalisesTheCourse) {
     struct Case {
         const char* legend;
-        double course;
-        double sameAsCourse; // the course it must behave like
+        double course, sameAsCourse;
     } cases[] = {
-        {"-90 is 270", -90.0, 270.0}, {"-360 is 0", -360.0, 0.0}, {"-450 is 270", -450.0, 270.0},
-        {"360 is 0", 360.0, 0.0},     {"725 is 5", 725.0, 5.0},   {"180 stays", 180.0, 180.0},
+        {"-90 is 270", -90.0, 270.0}, {"-360 is 0", -360.0, 0.0},       {"-450 is 270", -450.0, 270.0},
+        {"725 is 5", 725.0, 5.0},     {"360 is due north", 360.0, 0.0}, {"due south", 180.0, 180.0},
     };
     for (const Case& c : cases) {
         double lon = 0, lat = 0, lonExpected = 0, latExpected = 0;
-        GeoDestination(11.0, 48.0, 250.0, c.course, lon, lat);
-        GeoDestination(11.0, 48.0, 250.0, c.sameAsCourse, lonExpected, latExpected);
+        GeoDestination(11.0, 48.0, 111.12, c.course, lon, lat);
+        GeoDestination(11.0, 48.0, 111.12, c.sameAsCourse, lonExpected, latExpected);
         EXPECT_NEAR(lon, lonExpected, 1e-9) << c.legend;
         EXPECT_NEAR(lat, latExpected, 1e-9) << c.legend;
+        if (c.sameAsCourse == 0 || c.sameAsCourse == 180) {
+            EXPECT_EQ(lon, 11.0) << c.legend << ": due north or south keeps the longitude exactly";
+            EXPECT_NEAR(lat, c.sameAsCourse == 0 ? 49.0 : 47.0, 1e-9) << c.legend;
+        }
     }
-    double lon = 0, lat = 0;
-    GeoDestination(11.0, 48.0, 111.12, 0.0, lon, lat);
-    EXPECT_EQ(lon, 11.0) << "due north keeps the longitude exactly";
-    EXPECT_NEAR(lat, 49.0, 1e-9);
-    GeoDestination(11.0, 48.0, 111.12, 180.0, lon, lat);
-    EXPECT_EQ(lon, 11.0) << "due south keeps the longitude exactly";
-    EXPECT_NEAR(lat, 47.0, 1e-9);
 }
 
-// Seeded pairs between 100 and 12,000 km apart (well away from the antipodes, where the law of cosines
-// loses digits, and from very short distances, where it loses them too).
+// Seeded pairs 100 to 12,000 km apart: away from the antipodes and from very short distances, where
+// the law of cosines loses digits.
 TEST(GeoSphere, AgreesWithHaversineOracle) {
     std::mt19937 random(20240404);
-    int compared = 0;
-    while (compared < 5000) {
+    for (int compared = 0; compared < 5000;) {
         const double lon1 = uniform(random, -180, 180), lat1 = uniform(random, -85, 85);
         const double lon2 = lon1 + uniform(random, -179, 179), lat2 = uniform(random, -85, 85);
         const double km = haversineKm(lon1, lat1, lon2, lat2);
@@ -97,12 +78,17 @@ TEST(GeoSphere, AgreesWithHaversineOracle) {
         ++compared;
         float course = 0;
         EXPECT_NEAR(GeoDistance(lon1, lat1, lon2, lat2, &course), km, km * 1e-9) << lon1 << ' ' << lat1;
-        EXPECT_NEAR(course, initialCourse(lon1, lat1, lon2, lat2), 2e-6) << lon1 << ' ' << lat1;
+        const double dl = (lon2 - lon1) * kDeg;
+        const double oracleCourse =
+            std::atan2(std::sin(dl) * std::cos(lat2 * kDeg),
+                       std::cos(lat1 * kDeg) * std::sin(lat2 * kDeg) -
+                           std::sin(lat1 * kDeg) * std::cos(lat2 * kDeg) * std::cos(dl));
+        EXPECT_NEAR(std::remainder(course - oracleCourse, 2 * std::numbers::pi), 0.0, 2e-6)
+            << lon1 << ' ' << lat1;
 
-        const double bearing = uniform(random, 0.5, 179.5) + (random() % 2 ? 180 : 0);
+        const double bearing = uniform(random, 0.5, 179.5) + (random() % 2 ? 180 : 0), delta = km / kRadiusKm;
         double lonTo = 0, latTo = 0;
         GeoDestination(lon1, lat1, km, bearing, lonTo, latTo);
-        const double delta = km / kRadiusKm;
         const double latOracle =
             std::asin(std::sin(lat1 * kDeg) * std::cos(delta) +
                       std::cos(lat1 * kDeg) * std::sin(delta) * std::cos(bearing * kDeg));
