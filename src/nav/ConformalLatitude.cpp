@@ -1,5 +1,6 @@
 #include "nav/ConformalLatitude.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
