@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <ctime>
 
-SystemDeviceClock::SystemDeviceClock() {
+SystemDeviceClock::SystemDeviceClock(SetTime setTime) : m_setTime(setTime) {
     const time_t now = time(nullptr);
     tm local{};
     localtime_r(&now, &local);
@@ -18,6 +18,7 @@ int64_t SystemDeviceClock::utcNow() const {
 }
 
 void SystemDeviceClock::setSystemTime(int64_t utcSeconds) {
+    if (m_setTime == SetTime::Never) return;
     const timespec when{static_cast<time_t>(utcSeconds), 0};
     (void)clock_settime(CLOCK_REALTIME, &when);
 }
@@ -57,17 +58,40 @@ int64_t dayNumber(int64_t seconds) {
 
 int formatIsoLocalTime(char* buffer, int64_t localSeconds, int32_t localOffset) {
     const int64_t days = dayNumber(localSeconds);
-    const int64_t secondOfDay = localSeconds - days * 86400;
+    const auto secondOfDay = static_cast<int>(localSeconds - days * 86400);
     int64_t year = 0;
     int month = 0, day = 0;
     civilFromDays(days, year, month, day);
     const int offsetMinutes = (localOffset < 0 ? -localOffset : localOffset) / 60;
-    const int length =
-        std::snprintf(buffer, kIsoLocalTimeSize, "%04lld-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
-                      static_cast<long long>(year), month, day, static_cast<int>(secondOfDay / 3600),
-                      static_cast<int>(secondOfDay / 60 % 60), static_cast<int>(secondOfDay % 60),
-                      localOffset < 0 ? '-' : '+', offsetMinutes / 60, offsetMinutes % 60);
-    return length < kIsoLocalTimeSize ? length : kIsoLocalTimeSize - 1;
+    if (year < 0 || year > 9999) {
+        const int length = std::snprintf(buffer, kIsoLocalTimeSize, "%lld-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
+                                         static_cast<long long>(year), month, day, secondOfDay / 3600,
+                                         secondOfDay / 60 % 60, secondOfDay % 60, localOffset < 0 ? '-' : '+',
+                                         offsetMinutes / 60 % 100, offsetMinutes % 60);
+        return length < kIsoLocalTimeSize ? length : kIsoLocalTimeSize - 1;
+    }
+    // Written digit by digit: tables of a million rows print a time in every row.
+    const auto twoDigits = [](char* at, int value) {
+        at[0] = static_cast<char>('0' + value / 10 % 10);
+        at[1] = static_cast<char>('0' + value % 10);
+    };
+    twoDigits(buffer, static_cast<int>(year / 100));
+    twoDigits(buffer + 2, static_cast<int>(year % 100));
+    buffer[4] = '-';
+    twoDigits(buffer + 5, month);
+    buffer[7] = '-';
+    twoDigits(buffer + 8, day);
+    buffer[10] = 'T';
+    twoDigits(buffer + 11, secondOfDay / 3600);
+    buffer[13] = ':';
+    twoDigits(buffer + 14, secondOfDay / 60 % 60);
+    buffer[16] = ':';
+    twoDigits(buffer + 17, secondOfDay % 60);
+    buffer[19] = localOffset < 0 ? '-' : '+';
+    twoDigits(buffer + 20, offsetMinutes / 60);
+    buffer[22] = ':';
+    twoDigits(buffer + 23, offsetMinutes % 60);
+    return 25;
 }
 
 QString isoLocalTime(int64_t localSeconds, int32_t localOffset) {

@@ -20,16 +20,19 @@ public:
     int64_t localNow() const { return utcNow() + localOffset(); }
 };
 
-// The machine's real-time clock.
+// The machine's real-time clock. Only the program's live receiver may set it: every other user
+// (tarvik-tool, tests) makes it with `SetTime::Never`, and its setSystemTime does nothing.
 class SystemDeviceClock final : public DeviceClock {
 public:
-    SystemDeviceClock();
+    enum class SetTime { Allowed, Never };
+    explicit SystemDeviceClock(SetTime setTime = SetTime::Never);
     int64_t utcNow() const override;
     int32_t localOffset() const override { return m_nLocalOffset; }
     void setSystemTime(int64_t utcSeconds) override;
 
 private:
     int32_t m_nLocalOffset;
+    SetTime m_setTime;
 };
 
 // A clock that stands still until told otherwise; setting the system time only records the request.

@@ -29,7 +29,7 @@ namespace {
 constexpr int kPressureBurstMs = 10000;
 } // namespace
 
-CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root) {}
+CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root), m_clock(SystemDeviceClock::SetTime::Allowed) {}
 
 CFendixApp::~CFendixApp() { Shutdown(); }
 
