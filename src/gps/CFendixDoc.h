@@ -62,7 +62,6 @@ public:
     const GpsFix& Fix() const { return m_fix; }
     NmeaInterpreter& Interpreter() { return m_interpreter; }
     const TourStatistics& Statistics() const { return m_stats; }
-    const PositionVerifier& Verifier() const { return m_verifier; }
     const EpochHandler& Epochs() const { return m_epochs; }
     TrackLogWriter& Log() { return m_log; }
 

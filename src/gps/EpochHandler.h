@@ -27,10 +27,6 @@ public:
     // stamp arrived (GpsChange::kEpoch), else one more tick without data.
     void handlePending(GpsFix& fix);
 
-    int reconnectLimit() const { return m_nReconnectLimit; } // ticks
-    int noDataTicks() const { return m_nNoDataTicks; }
-    int invalidEpochs() const { return m_nInvalidEpochs; }
-    bool lostSignalSoundPlayed() const { return m_bLostSignalSound; }
     // Epochs handled since start, and how many of them were valid.
     int64_t epochCount() const { return m_nEpochs; }
     int64_t validEpochCount() const { return m_nValidEpochs; }

@@ -33,15 +33,12 @@ void PositionVerifier::setLastPosition(double lon, double lat) {
 }
 
 void PositionVerifier::forgetPositions() {
-    m_dSecondLastLong = 0.0;
-    m_dLastLong = 0.0;
-    m_dLastLat = 0.0;
+    setLastPosition(0.0, 0.0);
 }
 
 uint8_t PositionVerifier::VerifyTimeAndPosition(GpsFix& fix) {
     if (m_dLastLong == 0.0) {
         setLastPosition(fix.m_dPosLong, fix.m_dPosLat);
-        m_dSecondLastLong = 0.0;
         // The start point also starts the time line: otherwise the second fix after a start would
         // measure its step from the day-old start value and count as a break.
         fix.m_tPrevFixTime = fix.m_tFixTime;
@@ -72,8 +69,6 @@ uint8_t PositionVerifier::VerifyTimeAndPosition(GpsFix& fix) {
     takeSpeed(fix, fSpeed);
     addStep(fix, seconds, km);
     fix.m_tPrevFixTime = fix.m_tFixTime;
-    m_dSecondLastLong = m_dLastLong;
-    m_dSecondLastLat = m_dLastLat;
     setLastPosition(fix.m_dPosLong, fix.m_dPosLat);
     m_stats.noteExtremes(fix.m_dPosLong, fix.m_dPosLat, fix.m_fAltitude, fix.m_fHdop);
     m_gradient.addFix(km, fix.m_dPosLong, fix.m_dPosLat, fix.m_fAltitude, m_stats.m_fGradient);

@@ -30,14 +30,6 @@ public:
     void forgetPositions();
     double lastLong() const { return m_dLastLong; }
     double lastLat() const { return m_dLastLat; }
-    // The accepted position before the last one; longitude 0.0 when there is none.
-    double secondLastLong() const { return m_dSecondLastLong; }
-    double secondLastLat() const { return m_dSecondLastLat; }
-
-    // Settings as loaded, km/h and minutes.
-    int32_t speedLimit() const { return m_nSpeedLimit; }
-    int32_t maxBreakMin() const { return m_nMaxBreakMin; }
-    int32_t minSpeedForAvr2() const { return m_nMinSpeedForAvr2; }
 
 private:
     void takeSpeed(GpsFix& fix, float derivedSpeed);
@@ -46,12 +38,10 @@ private:
     TourStatistics& m_stats;
     TourStore& m_tourStore;
     GradientMeter m_gradient;
-    int32_t m_nSpeedLimit;
-    int32_t m_nMaxBreakMin;
-    int32_t m_nMinSpeedForAvr2;
+    int32_t m_nSpeedLimit;      // km/h
+    int32_t m_nMaxBreakMin;     // minutes
+    int32_t m_nMinSpeedForAvr2; // km/h
     double m_dLastLong = 0;
     double m_dLastLat = 0;
-    double m_dSecondLastLong = 0;
-    double m_dSecondLastLat = 0;
     int m_nEpochsWithoutSpeed = 0;
 };

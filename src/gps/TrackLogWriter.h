@@ -42,7 +42,6 @@ public:
     bool isOpen() const { return m_pFile != nullptr; }
     // Host path of the current file; empty while logging is off.
     const QString& path() const { return m_strPath; }
-    int32_t logDelay() const { return m_nLogDelay; } // seconds; -1 off
 
     // "$Tarvik," with the reserved spaces and "\r\n".
     static QByteArray headerLine();
@@ -64,5 +63,5 @@ private:
     std::vector<LoggedType> m_types;
     std::FILE* m_pFile = nullptr;
     QString m_strPath;
-    int32_t m_nLogDelay = 0;
+    int32_t m_nLogDelay = 0; // seconds between two sentences of one type
 };
