@@ -4,42 +4,6 @@
 #include "platform/DeviceClock.h"
 #include "shell/settings/CRegistryKey.h"
 
-namespace {
-
-QString nameOf(const char* pszName) {
-    return QString::fromLatin1(pszName);
-}
-
-} // namespace
-
-bool readSetting(CRegistryKey& key, const GpsSetting<bool>& setting) {
-    bool value = setting.defaultValue;
-    if (!key.ReadFlag(nameOf(setting.pszName), value) && setting.bWriteBack)
-        key.WriteFlag(nameOf(setting.pszName), setting.defaultValue);
-    return value;
-}
-
-int32_t readSetting(CRegistryKey& key, const GpsSetting<int32_t>& setting) {
-    uint32_t value = static_cast<uint32_t>(setting.defaultValue);
-    if (!key.ReadDword(nameOf(setting.pszName), value) && setting.bWriteBack)
-        key.WriteDword(nameOf(setting.pszName), value);
-    return static_cast<int32_t>(value);
-}
-
-float readSetting(CRegistryKey& key, const GpsSetting<float>& setting) {
-    float value = setting.defaultValue;
-    if (!key.ReadFloat(nameOf(setting.pszName), value) && setting.bWriteBack)
-        key.WriteFloat(nameOf(setting.pszName), setting.defaultValue);
-    return value;
-}
-
-double readSetting(CRegistryKey& key, const GpsSetting<double>& setting) {
-    double value = setting.defaultValue;
-    if (!key.ReadDouble(nameOf(setting.pszName), value) && setting.bWriteBack)
-        key.WriteDouble(nameOf(setting.pszName), setting.defaultValue);
-    return value;
-}
-
 void loadGpsFixStart(GpsFix& fix, const DeviceClock& clock) {
     CRegistryKey key;
     readSetting(key, GpsSettings::kCheckCheckSum);

@@ -1,18 +1,15 @@
 #pragma once
 
+#include "shell/settings/Setting.h"
+
 #include <cstdint>
 
 class CRegistryKey;
 struct GpsFix;
 class DeviceClock;
 
-// A setting of the GPS subsystem under SOFTWARE\Omvale\Fendix: its value name, its default and
-// whether a missing value is written back with the default at once.
-template <typename T> struct GpsSetting {
-    const char* pszName;
-    T defaultValue;
-    bool bWriteBack;
-};
+// The GPS subsystem declares its settings as Setting<T> of the settings store.
+template <typename T> using GpsSetting = Setting<T>;
 
 // Every GPS setting, declared once; code reads them only through these.
 namespace GpsSettings {
@@ -27,11 +24,6 @@ inline constexpr GpsSetting<bool> kSetSystemTime{"SetSystemTime", true, true};
 inline constexpr GpsSetting<double> kLastLong{"LastLong", 0.0, false};
 inline constexpr GpsSetting<double> kLastLat{"LastLat", 0.0, false};
 } // namespace GpsSettings
-
-bool readSetting(CRegistryKey& key, const GpsSetting<bool>& setting);
-int32_t readSetting(CRegistryKey& key, const GpsSetting<int32_t>& setting);
-float readSetting(CRegistryKey& key, const GpsSetting<float>& setting);
-double readSetting(CRegistryKey& key, const GpsSetting<double>& setting);
 
 // The start values of a run: settings from the current hive, the last saved position, the fix
 // time "now" and the previous one a day before. The source index is left to the caller.

@@ -21,8 +21,6 @@ namespace {
 // The value field shows this while "DynaSound" is stored as 0 (off).
 constexpr int kDynaSoundShownWhenOff = 20;
 
-QString name(const char* pszName) { return QString::fromLatin1(pszName); }
-
 } // namespace
 
 CSettingsPage::CSettingsPage(Actions actions, QWidget* parent) : CPageView(parent), m_actions(std::move(actions)) {
@@ -82,23 +80,23 @@ CSettingsPage::CSettingsPage(Actions actions, QWidget* parent) : CPageView(paren
     connect(m_pAutoStart, &QCheckBox::toggled, this, &CSettingsPage::WriteAutoStart);
     connect(m_pAutoStartPath, &QLineEdit::editingFinished, this, &CSettingsPage::WriteAutoStart);
     connect(browse, &QPushButton::clicked, this, &CSettingsPage::BrowseAutoStart);
-    const auto writeFlag = [this](QCheckBox* box, const char* pszName) {
-        connect(box, &QCheckBox::toggled, this, [this, pszName](bool on) {
-            if (!m_bLoading) CRegistryKey().WriteFlag(name(pszName), on);
+    const auto writeFlag = [this](QCheckBox* box, const Setting<bool>& setting) {
+        connect(box, &QCheckBox::toggled, this, [this, name = setting.name()](bool on) {
+            if (!m_bLoading) CRegistryKey().WriteFlag(name, on);
         });
     };
-    writeFlag(m_pPostNavi, ShellSettings::kPostNavi.pszName);
-    writeFlag(m_pLowPriority, ShellSettings::kLowPriority.pszName);
-    writeFlag(m_pSetSystemTime, GpsSettings::kSetSystemTime.pszName);
-    writeFlag(m_pNoPowerdown, ShellSettings::kNoPowerdown.pszName);
-    writeFlag(m_pCleanIECache, ShellSettings::kCleanIECache.pszName);
-    writeFlag(m_pCloseByTitleBar, ShellSettings::kCloseByTitleBar.pszName);
+    writeFlag(m_pPostNavi, ShellSettings::kPostNavi);
+    writeFlag(m_pLowPriority, ShellSettings::kLowPriority);
+    writeFlag(m_pSetSystemTime, GpsSettings::kSetSystemTime);
+    writeFlag(m_pNoPowerdown, ShellSettings::kNoPowerdown);
+    writeFlag(m_pCleanIECache, ShellSettings::kCleanIECache);
+    writeFlag(m_pCloseByTitleBar, ShellSettings::kCloseByTitleBar);
     connect(m_pNoPowerdown, &QCheckBox::toggled, this, [this](bool on) {
         if (!m_bLoading && m_actions.noPowerdownChanged) m_actions.noPowerdownChanged(on);
     });
     connect(m_pThresholdHeading, &QLineEdit::editingFinished, this, [this] {
         const float threshold = float(ValueText::wcstod(m_pThresholdHeading->text().replace(',', '.')));
-        CRegistryKey().WriteString(name(GpsSettings::kThresholdHeading.pszName), QString::asprintf("%.1f", threshold));
+        CRegistryKey().WriteString(GpsSettings::kThresholdHeading.name(), QString::asprintf("%.1f", threshold));
         m_pThresholdHeading->setText(QString::asprintf("%.1f", threshold));
     });
 }
@@ -129,18 +127,18 @@ void CSettingsPage::Load() {
 void CSettingsPage::WriteVolume() {
     if (m_bLoading) return;
     CRegistryKey key;
-    key.WriteFlag(name(SoundSettings::kSpeedVol.pszName), m_pSpeedVol->isChecked());
-    key.WriteByte(name(SoundSettings::kMinVol.pszName), uint8_t(m_pMinVol->value()));
-    key.WriteByte(name(SoundSettings::kMaxVol.pszName), uint8_t(m_pMaxVol->value()));
-    key.WriteDword(name(SoundSettings::kMaxVolSpeed.pszName), uint32_t(m_pMaxVolSpeed->value()));
-    key.WriteByte(name(SoundSettings::kDynaSound.pszName),
+    key.WriteFlag(SoundSettings::kSpeedVol.name(), m_pSpeedVol->isChecked());
+    key.WriteByte(SoundSettings::kMinVol.name(), uint8_t(m_pMinVol->value()));
+    key.WriteByte(SoundSettings::kMaxVol.name(), uint8_t(m_pMaxVol->value()));
+    key.WriteDword(SoundSettings::kMaxVolSpeed.name(), uint32_t(m_pMaxVolSpeed->value()));
+    key.WriteByte(SoundSettings::kDynaSound.name(),
                   uint8_t(m_pDynaSound->isChecked() ? m_pDynaSoundValue->value() : 0));
     if (m_actions.volumeSettingsChanged) m_actions.volumeSettingsChanged();
 }
 
 void CSettingsPage::WriteAutoStart() {
     if (m_bLoading) return;
-    CRegistryKey().WriteString(name(ShellSettings::kAutoStart.pszName),
+    CRegistryKey().WriteString(ShellSettings::kAutoStart.name(),
                                m_pAutoStart->isChecked() ? m_pAutoStartPath->text() : QString());
 }
 

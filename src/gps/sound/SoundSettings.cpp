@@ -2,13 +2,6 @@
 
 #include "shell/settings/CRegistryKey.h"
 
-uint8_t readSetting(CRegistryKey& key, const GpsSetting<uint8_t>& setting) {
-    const QString name = QString::fromLatin1(setting.pszName);
-    uint8_t value = setting.defaultValue;
-    if (!key.ReadByte(name, value) && setting.bWriteBack) key.WriteByte(name, value);
-    return value;
-}
-
 VolumeSettings VolumeSettings::read(CRegistryKey& key) {
     VolumeSettings settings;
     settings.m_bSpeedVol = readSetting(key, SoundSettings::kSpeedVol);

@@ -31,7 +31,6 @@ inline constexpr GpsSetting<uint8_t> kDynaSound{"DynaSound", 0, false};       //
 inline constexpr GpsSetting<int32_t> kWaveVolume{"WaveVolume", -1, false};
 } // namespace SoundSettings
 
-uint8_t readSetting(CRegistryKey& key, const GpsSetting<uint8_t>& setting);
 
 // The volume settings as read at once.
 struct VolumeSettings {

@@ -27,6 +27,5 @@ inline constexpr const char* kPortDevices[10] = {
 QString portDeviceValueName(int port); // "COM1Device"
 } // namespace SourceSettings
 
-QString readSetting(CRegistryKey& key, const GpsSetting<const char*>& setting);
 // The device path of serial port `port` (0..9).
 QString readPortDevice(CRegistryKey& key, int port);

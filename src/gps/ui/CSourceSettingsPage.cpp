@@ -26,8 +26,6 @@ const QList<std::pair<const char*, int>> kLogDelays = {{"immer", 0},  {"5", 5}, 
 const QStringList kSentences = {"$GPGGA", "$GPRMC", "$GPGSA", "$GPGSV", "$GPVTG", "$GPGLL"};
 constexpr int kRawLines = 200;
 
-QString name(const char* pszName) { return QString::fromLatin1(pszName); }
-
 QSpinBox* spinBox(int minimum, int maximum, const QString& suffix, QWidget* parent) {
     auto* box = new QSpinBox(parent);
     box->setRange(minimum, maximum);
@@ -147,24 +145,24 @@ void CSourceSettingsPage::ChooseFile() {
 void CSourceSettingsPage::Apply() {
     CRegistryKey key;
     const int source = m_pSource->currentData().toInt();
-    key.WriteString(name(SourceSettings::kSource.pszName), SourceTable::name(source));
+    key.WriteString(SourceSettings::kSource.name(), SourceTable::name(source));
     if (SourceTable::isSerialPort(source))
         key.WriteString(SourceSettings::portDeviceValueName(source), m_pDevice->text().trimmed());
-    key.WriteString(name(SourceSettings::kGpsdHost.pszName), m_pGpsdHost->text().trimmed());
-    key.WriteString(name(SourceSettings::kNmeaTcpHost.pszName), m_pTcpHost->text().trimmed());
-    key.WriteFlag(name(SourceSettings::kAcceptAllTalkers.pszName), m_pAcceptAllTalkers->isChecked());
-    key.WriteString(name(SourceSettings::kSpeed.pszName), m_pSpeed->currentText().trimmed());
-    key.WriteString(name(SourceSettings::kFile.pszName), m_pFile->text());
-    key.WriteDword(name(SourceSettings::kSimulationSpeed.pszName), uint32_t(m_pSimulationSpeed->value()));
-    key.WriteDword(name(RecordingSettings::kLogDelay.pszName), uint32_t(m_pLogDelay->currentData().toInt()));
+    key.WriteString(SourceSettings::kGpsdHost.name(), m_pGpsdHost->text().trimmed());
+    key.WriteString(SourceSettings::kNmeaTcpHost.name(), m_pTcpHost->text().trimmed());
+    key.WriteFlag(SourceSettings::kAcceptAllTalkers.name(), m_pAcceptAllTalkers->isChecked());
+    key.WriteString(SourceSettings::kSpeed.name(), m_pSpeed->currentText().trimmed());
+    key.WriteString(SourceSettings::kFile.name(), m_pFile->text());
+    key.WriteDword(SourceSettings::kSimulationSpeed.name(), uint32_t(m_pSimulationSpeed->value()));
+    key.WriteDword(RecordingSettings::kLogDelay.name(), uint32_t(m_pLogDelay->currentData().toInt()));
     QStringList logged;
     for (QCheckBox* box : m_logTypes)
         if (box->isChecked()) logged << box->property("sentence").toString();
-    key.WriteString(name(RecordingSettings::kLogType.pszName), logged.join(','));
-    key.WriteString(name(RecordingSettings::kLogDirectory.pszName), m_pLogDirectory->text());
-    key.WriteDword(name(RecordingSettings::kDelFilesOlder.pszName), uint32_t(m_pDelFilesOlder->value()));
-    key.WriteDword(name(SourceSettings::kAutoReconnect.pszName), uint32_t(m_pAutoReconnect->value()));
-    key.WriteFlag(name(SourceSettings::kMnPriority.pszName), m_pMnPriority->isChecked());
+    key.WriteString(RecordingSettings::kLogType.name(), logged.join(','));
+    key.WriteString(RecordingSettings::kLogDirectory.name(), m_pLogDirectory->text());
+    key.WriteDword(RecordingSettings::kDelFilesOlder.name(), uint32_t(m_pDelFilesOlder->value()));
+    key.WriteDword(SourceSettings::kAutoReconnect.name(), uint32_t(m_pAutoReconnect->value()));
+    key.WriteFlag(SourceSettings::kMnPriority.name(), m_pMnPriority->isChecked());
     m_pRaw->clear();
     if (m_apply) m_apply();
 }
