@@ -12,8 +12,10 @@ constexpr int kMinUsedForFix = 4;
 constexpr double kKnotsPerKmh = 1.0 / 1.852;
 constexpr double kMovingKmh = 1.0; // below this the receiver keeps its last course
 constexpr int kGsvPerSentence = 4;
-// Mixed into the seed so the receiver errors do not repeat the numbers the driver drew.
+// Mixed into the seed so that the receiver's errors and the sky do not repeat the numbers the
+// driver drew.
 constexpr uint64_t kReceiverStream = 0x9E3779B97F4A7C15ULL;
+constexpr uint64_t kSkyStream = 0xD1B54A32D192ED03ULL;
 
 QByteArray dop(double value) {
     return QByteArray::number(value, 'f', 2);
@@ -22,7 +24,7 @@ QByteArray dop(double value) {
 } // namespace
 
 DemoReceiver::DemoReceiver(uint64_t seed)
-    : m_random(seed ^ kReceiverStream), m_sky(seed), m_northError(1.2, 60), m_eastError(1.2, 60),
+    : m_random(seed ^ kReceiverStream), m_sky(seed ^ kSkyStream), m_northError(1.2, 60), m_eastError(1.2, 60),
       m_altitudeError(2.5, 90) {}
 
 QByteArray DemoReceiver::sentences(const DriveSample& truth) {

@@ -35,7 +35,7 @@ std::vector<double> aimedSpeeds(const RoutePath& path, SeededRandom& random) {
         auto found = factors.find(&leg);
         if (found == factors.end()) found = factors.emplace(&leg, random.uniform(0.92, 1.02)).first;
         const double curvature = std::fabs(path.curvatureAt(static_cast<double>(i)));
-        const double curveSpeed = curvature > 0 ? std::sqrt(kLateralAccel / curvature) : 1e9;
+        const double curveSpeed = curvature > 0 ? std::sqrt(kLateralAccel / curvature) : HUGE_VAL;
         aim[i] = std::min(leg.m_dLimitKmh / kKmhPerMs * found->second, curveSpeed);
     }
     for (size_t i = metres; i-- > 0;)
