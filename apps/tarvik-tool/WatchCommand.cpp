@@ -34,7 +34,8 @@ int runWatchCommand(ToolContext& ctx, QStringList args) {
         (!source.isEmpty() && SourceTable::name(SourceTable::lookUp(source)) != source))
         return ctx.usageError(kUsage);
 
-    SystemDeviceClock clock;
+    // A diagnosis must not move the machine's clock to a receiver's (or a recording's) time.
+    SystemDeviceClock clock(SystemDeviceClock::SetTime::Never);
     CFendixDoc doc(ctx.root, clock);
     doc.LoadSettings();
     DocumentSource documentSource(doc, ctx.root, clock);

@@ -4,6 +4,18 @@
 #include "shell/settings/CIniFile.h"
 
 #include <QFile>
+#include <utility>
+
+namespace {
+
+// The corners of the navigation program's map, in section "MapCoordinates".
+constexpr std::pair<const char*, double MNPosition::*> kMapCorners[] = {
+    {"LonTopLeft", &MNPosition::m_dLonTopLeft},         {"LatTopLeft", &MNPosition::m_dLatTopLeft},
+    {"LonTopRight", &MNPosition::m_dLonTopRight},       {"LatTopRight", &MNPosition::m_dLatTopRight},
+    {"LonBottomRight", &MNPosition::m_dLonBottomRight}, {"LatBottomRight", &MNPosition::m_dLatBottomRight},
+};
+
+} // namespace
 
 MNPosition MNPositionFile::parse(const QByteArray& bytes) {
     CIniFile ini;
@@ -15,13 +27,8 @@ MNPosition MNPositionFile::parse(const QByteArray& bytes) {
     ini.ReadFloat(gps, QStringLiteral("Speed"), position.m_fSpeed);
     ini.ReadFloat(gps, QStringLiteral("Course"), position.m_fCourse);
     ini.ReadInt(gps, QStringLiteral("Valid"), position.m_nValid);
-    const QString map = QStringLiteral("MapCoordinates");
-    ini.ReadDouble(map, QStringLiteral("LonTopLeft"), position.m_dLonTopLeft);
-    ini.ReadDouble(map, QStringLiteral("LatTopLeft"), position.m_dLatTopLeft);
-    ini.ReadDouble(map, QStringLiteral("LonTopRight"), position.m_dLonTopRight);
-    ini.ReadDouble(map, QStringLiteral("LatTopRight"), position.m_dLatTopRight);
-    ini.ReadDouble(map, QStringLiteral("LonBottomRight"), position.m_dLonBottomRight);
-    ini.ReadDouble(map, QStringLiteral("LatBottomRight"), position.m_dLatBottomRight);
+    for (const auto& [key, member] : kMapCorners)
+        ini.ReadDouble(QStringLiteral("MapCoordinates"), QString::fromLatin1(key), position.*member);
     return position;
 }
 
