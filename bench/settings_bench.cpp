@@ -2,6 +2,7 @@
 // below a millisecond; reads happen at every settings load.
 #include "shell/settings/CRegistryKey.h"
 
+#include <QSettings>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
@@ -20,6 +21,18 @@ void WriteString(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(key.WriteString("CurrentView", n++ % 2 ? "Kartenanzeige" : "Fahrtenbuch"));
 }
 BENCHMARK(WriteString)->Unit(benchmark::kMicrosecond);
+
+// The peer: Qt's own settings store, made durable the only way it offers (sync after each write).
+void QSettingsWriteAndSync(benchmark::State& state) {
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath("tarvik.ini"), QSettings::IniFormat);
+    int n = 0;
+    for (auto _ : state) {
+        settings.setValue("CurrentView", n++ % 2 ? "Kartenanzeige" : "Fahrtenbuch");
+        settings.sync();
+    }
+}
+BENCHMARK(QSettingsWriteAndSync)->Unit(benchmark::kMicrosecond);
 
 void ReadDwordWithDefault(benchmark::State& state) {
     Hive hive;
