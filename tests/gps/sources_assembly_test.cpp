@@ -1,5 +1,4 @@
 #include "gps/sources/LineAssembler.h"
-#include "gps/sources/ReplayPacer.h"
 #include "gps/sources/SourceTable.h"
 #include "gps/sources/TalkerRewrite.h"
 
@@ -12,6 +11,10 @@ namespace {
 
 const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n";
 const QByteArray kRmc = "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
+
+const LineAssembler::Options kPort{.bSkipSplitterData = true};
+const LineAssembler::Options kGpsd{.bEndAtNewline = true};
+const LineAssembler::Options kAllTalkers{.bAcceptAllTalkers = true};
 
 QList<QByteArray> assemble(const QList<QByteArray>& chunks, LineAssembler::Options options) {
     LineAssembler lines(options);
@@ -26,8 +29,7 @@ TEST(SourcesAssembly, SplitsAtEveryPositionTheSameWay) {
     const QByteArray stream = kGga + kRmc + "$";
     for (int cut = 0; cut <= stream.size(); ++cut) {
         SCOPED_TRACE(cut);
-        const QList<QByteArray> lines =
-            assemble({stream.left(cut), stream.mid(cut)}, {.bSkipSplitterData = true});
+        const QList<QByteArray> lines = assemble({stream.left(cut), stream.mid(cut)}, kPort);
         EXPECT_EQ(lines, (QList<QByteArray>{kGga, kRmc}));
     }
 }
@@ -41,24 +43,15 @@ TEST(SourcesAssembly, CutsAndDropsAsThePortReaderDoes) {
         QList<QByteArray> expected;
     } cases[] = {
         {"last sentence held until the next $", {kGga, kRmc}, {}, {kGga}},
-        {"? and nine bytes dropped",
-         {"$GPXXX,1?123456789,2\r\n$"},
-         {.bSkipSplitterData = true},
-         {"$GPXXX,1,2\r\n"}},
-        {"? skip crosses read boundaries",
-         {"$GPX,1?1234", "56789,2\r\n", "$"},
-         {.bSkipSplitterData = true},
-         {"$GPX,1,2\r\n"}},
+        {"? and nine bytes dropped", {"$GPXXX,1?123456789,2\r\n$"}, kPort, {"$GPXXX,1,2\r\n"}},
+        {"? skip crosses read boundaries", {"$GPX,1?1234", "56789,2\r\n", "$"}, kPort, {"$GPX,1,2\r\n"}},
         {"? kept without splitter data", {"$GPX,?\r\n$"}, {}, {"$GPX,?\r\n"}},
         {"garbage before the first $ dropped", {"junk\r\n" + kGga + "$"}, {}, {kGga}},
         {"line over 511 bytes cut at 512", {"$" + longRun + "$"}, {}, {"$" + longRun.left(511)}},
-        {"newline ends a line, JSON dropped",
-         {"{\"class\":\"WATCH\"}\n" + kGga},
-         {.bEndAtNewline = true},
-         {kGga}},
+        {"newline ends a line, JSON dropped", {"{\"class\":\"WATCH\"}\n" + kGga}, kGpsd, {kGga}},
         {"other talker rewritten",
          {"$GNVTG,,T,,M,0.1,N,0.2,K,A*3E\r\n$"},
-         {.bAcceptAllTalkers = true},
+         kAllTalkers,
          {"$GPVTG,,T,,M,0.1,N,0.2,K,A*20\r\n"}},
     };
     for (const Case& c : cases) {
@@ -94,57 +87,14 @@ TEST(SourcesAssembly, RewritesOnlyFixSentencesOfOtherTalkers) {
 }
 
 TEST(SourcesAssembly, LooksUpSourceNames) {
-    struct Case {
-        const char* name;
-        int index;
-    } cases[] = {
-        {"COM0", 0},
-        {"COM3", 3},
-        {"COM9", 9},
-        {"Datei", SourceTable::kFile},
-        {"Simulate", SourceTable::kSimulate},
-        {"MobileNavigator", SourceTable::kMobileNavigator},
-        {"gpsd", SourceTable::kGpsd},
-        {"tcp", SourceTable::kTcp},
-        // Not selectable or unknown: COM1.
-        {"Vantrel (Splitter Driver)", 1},
-        {"COM10", 1},
-        {"com3", 1},
-        {"", 1},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(SourceTable::lookUp(QString::fromLatin1(c.name)), c.index);
+    for (int index = 0; index < SourceTable::kCount; ++index) {
+        SCOPED_TRACE(index);
+        // The splitter driver is only listed; choosing it runs COM1, as any unknown name does.
+        const int expected = index == SourceTable::kSplitterDriver ? SourceTable::kDefaultSource : index;
+        EXPECT_EQ(SourceTable::lookUp(SourceTable::name(index)), expected);
     }
-}
-
-TEST(SourcesAssembly, PacesByRecordedSeconds) {
-    struct Case {
-        const char* legend;
-        int speed;
-        bool anyTalker;
-        QList<QByteArray> lines;
-        QList<int> pauses;
-    } cases[] = {
-        {"speed 2: pause after the first line of each second",
-         2,
-         false,
-         {"$GPRMC,120000,A", "$GPGGA,120000,1", "$GPGSV,1", "$GPRMC,120001,A", "$GPGGA,120001.00,1"},
-         {500, 0, 0, 500, 0}},
-        {"speed 0 counts as 1", 0, false, {"$GPGGA,120000,1", "$GPGGA,120001,1"}, {1000, 1000}},
-        {"speed -3 counts as 1", -3, false, {"$GPGGA,120000,1"}, {1000}},
-        {"speed 3: integer division", 3, false, {"$GPGGA,120000,1"}, {333}},
-        {"GN ignored for replay", 1, false, {"$GNGGA,120000,1"}, {0}},
-        {"GN paced for the fake receiver", 1, true, {"$GNGGA,120000,1", "$GNRMC,120000,A"}, {1000, 0}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.legend);
-        ReplayPacer pacer(c.speed, c.anyTalker);
-        QList<int> pauses;
-        for (const QByteArray& line : c.lines)
-            pauses.append(pacer.pauseAfter(line.constData(), static_cast<int>(line.size())));
-        EXPECT_EQ(pauses, c.pauses);
-    }
+    for (const char* unknown : {"COM10", "com3", ""})
+        EXPECT_EQ(SourceTable::lookUp(unknown), 1) << unknown;
 }
 
 } // namespace

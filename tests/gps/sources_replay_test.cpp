@@ -51,8 +51,13 @@ TEST(SourcesReplay, SendsGpLinesPacedByRecordedSecondsUntilTheEnd) {
     ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
     recording.write(kRecording);
     recording.close();
+    // The GN sentence is dropped, the GSV cut at its "?"; the last sentence waits for a "$" that
+    // never comes: the end of the file ends the replay.
     const QByteArray gsvCut = "$GPGSV,1,1,01,04,40,083,46";
-    const QByteArray gsaRewritten = "$GPGSA,A,3,04,05,,,,,,,,,,,2.5,1.3,2.1*35\r\n";
+    const QList<QByteArray> gpLines =
+        recordingLines({0, 1}) + QList<QByteArray>{gsvCut} + recordingLines({4, 5});
+    QList<QByteArray> allTalkers = gpLines;
+    allTalkers.insert(2, "$GPGSA,A,3,04,05,,,,,,,,,,,2.5,1.3,2.1*35\r\n");
     struct Case {
         const char* legend;
         int speed;
@@ -61,26 +66,11 @@ TEST(SourcesReplay, SendsGpLinesPacedByRecordedSecondsUntilTheEnd) {
         QList<QByteArray> lines;
         QList<int> pauses;
     } cases[] = {
-        // The last sentence waits for a "$" that never comes: the end of the file ends the replay.
-        {"speed 2, GN dropped, ? cut",
-         2,
-         false,
-         0,
-         recordingLines({0, 1}) + QList<QByteArray>{gsvCut} + recordingLines({4, 5}),
-         {500, 500}},
-        {"speed 0 replays at recorded speed",
-         0,
-         false,
-         0,
-         recordingLines({0, 1}) + QList<QByteArray>{gsvCut} + recordingLines({4, 5}),
-         {1000, 1000}},
-        {"all talkers: GN fix sentence kept as GP",
-         1,
-         true,
-         0,
-         recordingLines({0, 1}) + QList<QByteArray>{gsaRewritten, gsvCut} + recordingLines({4, 5}),
-         {1000, 1000}},
-        {"stop during the first pause", 1, false, 1, recordingLines({0}), {1000}},
+        {"speed 2", 2, false, 0, gpLines, {500, 500}},
+        {"speed 0 replays at recorded speed", 0, false, 0, gpLines, {1000, 1000}},
+        {"speed 3: integer division", 3, false, 0, gpLines, {333, 333}},
+        {"all talkers: GN fix sentence kept as GP", 1, true, 0, allTalkers, {1000, 1000}},
+        {"stop during the second pause", 1, false, 2, gpLines.mid(0, 4), {1000, 1000}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.legend);

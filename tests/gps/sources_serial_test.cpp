@@ -1,5 +1,4 @@
 #include "gps/sources/GpsSourceController.h"
-#include "gps/sources/GpsSourceTarget.h"
 #include "platform/PseudoTerminal.h"
 #include "shell/settings/CRegistryKey.h"
 #include "sources_support.h"
@@ -11,23 +10,6 @@
 namespace {
 
 const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n";
-
-// Stands in for the document: keeps what the controller hands it.
-class RecordingTarget : public GpsSourceTarget {
-public:
-    void HandleSentence(const char* pLine, int nLength) override {
-        if (nLength > 0) sentences.append(QByteArray(pLine, nLength));
-    }
-    void ShowSourceMessage(const QString& strText) override { messages.append(strText); }
-    void PrepareSourceChange(bool) override {}
-    void SourceStarted(int nIndex, const QString&, bool) override { startedIndex = nIndex; }
-    void TakeNavigationPosition(const MNPosition&) override {}
-    void SupervisionTick() override {}
-
-    QList<QByteArray> sentences;
-    QStringList messages;
-    int startedIndex = -1;
-};
 
 class SourcesSerial : public ::testing::Test {
 protected:
@@ -90,8 +72,6 @@ TEST_F(SourcesSerial, ReportsAPortThatCannotBeUsedOnceAndLeavesNoThread) {
     } cases[] = {
         {"missing device", m_root.file("no-such-tty"), "4800",
          "Unable to open the port: No such file or directory (" + m_root.file("no-such-tty") + ")"},
-        {"no terminal", m_root.path(), "4800",
-         "Unable to open the port: Is a directory (" + m_root.path() + ")"},
         {"unknown baud rate", receiver.devicePath(), "4711",
          "Unable to configure the serial port: Invalid argument (" + receiver.devicePath() + ")"},
     };

@@ -1,5 +1,4 @@
 #include "gps/sources/GpsSourceController.h"
-#include "gps/sources/GpsSourceTarget.h"
 #include "gps/sources/ReaderThread.h"
 #include "shell/settings/CRegistryKey.h"
 #include "sources_support.h"
@@ -10,17 +9,6 @@
 #include <thread>
 
 namespace {
-
-class CountingTarget : public GpsSourceTarget {
-public:
-    void HandleSentence(const char*, int nLength) override { sentences += nLength > 0; }
-    void ShowSourceMessage(const QString&) override {}
-    void PrepareSourceChange(bool) override {}
-    void SourceStarted(int, const QString&, bool) override {}
-    void TakeNavigationPosition(const MNPosition&) override {}
-    void SupervisionTick() override {}
-    int sentences = 0;
-};
 
 // A reader that never looks at its stop event.
 class DeafReader : public SentenceReader {
@@ -51,7 +39,7 @@ TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
         TestRoot root;
         CRegistryKey key;
         key.WriteString("Develop", root.file("develop.log"));
-        CountingTarget target;
+        RecordingTarget target;
         RecordingSink sink;
         std::unique_ptr<GpsSourceController> controller;
         std::unique_ptr<ReaderThread> deaf;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gps/sources/GpsSourceTarget.h"
 #include "gps/sources/SentenceReader.h"
 
 #include <QByteArray>
@@ -34,6 +35,23 @@ private:
     mutable std::mutex m_mutex;
     QList<QByteArray> m_lines;
     QStringList m_failures;
+};
+
+// Stands in for the document (UI thread only): keeps what the controller hands it.
+class RecordingTarget : public GpsSourceTarget {
+public:
+    void HandleSentence(const char* pLine, int nLength) override {
+        if (nLength > 0) sentences.append(QByteArray(pLine, nLength));
+    }
+    void ShowSourceMessage(const QString& strText) override { messages.append(strText); }
+    void PrepareSourceChange(bool) override {}
+    void SourceStarted(int nIndex, const QString&, bool) override { startedIndex = nIndex; }
+    void TakeNavigationPosition(const MNPosition&) override {}
+    void SupervisionTick() override {}
+
+    QList<QByteArray> sentences;
+    QStringList messages;
+    int startedIndex = -1;
 };
 
 // The UI thread's event loop the hand-over needs; made once for the whole test program.
