@@ -1,5 +1,6 @@
 #include "gps/NmeaSentence.h"
 
+#include <array>
 #include <cstring>
 
 namespace {
@@ -32,6 +33,12 @@ bool checksumMatches(const char* text, const char* end, unsigned checksum) {
     return bDigits && value == checksum;
 }
 
+constexpr auto kSeparators = [] {
+    std::array<bool, 256> table{};
+    table[','] = table['*'] = table['\0'] = true;
+    return table;
+}();
+
 } // namespace
 
 std::string_view NmeaFields::field(int index) const {
@@ -53,27 +60,26 @@ bool splitNmeaLine(std::string_view line, NmeaFields& fields) {
     fields.m_pStarts[0] = begin;
     int count = 1;
     unsigned checksum = 0;
-    for (const char* c = begin + 1;; ++c) {
-        if (c == end || *c == '\0') {
-            fields.m_pEnds[count - 1] = c;
-            fields.m_pLineEnd = c;
-            fields.m_nCount = count;
-            return true;
-        }
-        if (*c == '*') {
-            fields.m_pEnds[count - 1] = c;
-            const char* lineEnd =
-                static_cast<const char*>(std::memchr(c, '\0', static_cast<size_t>(end - c)));
-            fields.m_pLineEnd = lineEnd ? lineEnd : end;
-            if (!checksumMatches(c + 1, fields.m_pLineEnd, checksum)) return false;
-            fields.m_nCount = count;
-            return true;
-        }
-        checksum ^= static_cast<unsigned char>(*c);
-        if (*c == ',') {
+    const char* c = begin + 1;
+    for (; c != end; ++c) {
+        const auto ch = static_cast<unsigned char>(*c);
+        // One test per character in the common case: only ",", "*" and NUL need a decision.
+        if (kSeparators[ch]) {
+            if (ch != ',') break;
             if (count == NmeaFields::kMaxFields) return false;
             fields.m_pEnds[count - 1] = c;
             fields.m_pStarts[count++] = c + 1;
         }
+        checksum ^= ch;
     }
+    fields.m_pEnds[count - 1] = c;
+    if (c == end || *c == '\0') {
+        fields.m_pLineEnd = c; // no checksum to test
+    } else {
+        const char* lineEnd = static_cast<const char*>(std::memchr(c, '\0', static_cast<size_t>(end - c)));
+        fields.m_pLineEnd = lineEnd ? lineEnd : end;
+        if (!checksumMatches(c + 1, fields.m_pLineEnd, checksum)) return false;
+    }
+    fields.m_nCount = count;
+    return true;
 }

@@ -24,8 +24,10 @@ public:
 private:
     friend bool splitNmeaLine(std::string_view line, NmeaFields& fields);
 
-    const char* m_pStarts[kMaxFields] = {};
-    const char* m_pEnds[kMaxFields] = {}; // the field's comma, its "*" or the line end
+    // Left uninitialised on purpose: a sentence is split for every line, and only the first
+    // m_nCount entries are ever read.
+    const char* m_pStarts[kMaxFields];
+    const char* m_pEnds[kMaxFields]; // the field's comma, its "*" or the line end
     const char* m_pLineEnd = nullptr;
     int m_nCount = 0;
 };

@@ -70,14 +70,18 @@ public:
     TrackBuilder(std::vector<TrackPoint>& points, const GpsFix& fix, const DeviceClock& clock, bool bDetails)
         : m_points(points), m_nAltitudeOffset(fix.m_nAltitudeOffset), m_time(clock), m_bDetails(bDetails) {}
 
+    // The name is looked at before the line is split: a line of no use here is skipped whether
+    // its checksum holds or not, and most lines of a log are of no use here.
     void add(std::string_view line) {
-        if (!splitNmeaLine(line, m_fields)) return;
-        if (m_fields.isNamed("$GPGGA"))
-            addGga();
-        else if (!m_bGgaSeen && m_fields.isNamed("$GPRMC"))
-            addRmc();
-        else if (m_bDetails && m_fields.isNamed("$GPVTG") && m_fields.count() >= 8)
-            m_point.m_fSpeed = static_cast<float>(nmeaDouble(m_fields.field(7)));
+        const std::string_view name = line.substr(0, 6);
+        if (name == "$GPGGA") {
+            if (splitNmeaLine(line, m_fields)) addGga();
+        } else if (name == "$GPRMC" && !m_bGgaSeen) {
+            if (splitNmeaLine(line, m_fields)) addRmc();
+        } else if (name == "$GPVTG" && m_bDetails) {
+            if (splitNmeaLine(line, m_fields) && m_fields.count() >= 8)
+                m_point.m_fSpeed = static_cast<float>(nmeaDouble(m_fields.field(7)));
+        }
     }
 
 private:
