@@ -11,10 +11,16 @@ cat > "$work/run.sh" <<SCRIPT
 set -u
 "$tarvik" --demo --root "$work/root" 2> "$work/stderr" &
 pid=\$!
-sleep 6
+# Screenshots three seconds apart until two differ: a loaded machine may take a while to start.
+sleep 3
 import -window root "$work/one.png"
-sleep 4
-import -window root "$work/two.png"
+for _ in \$(seq 15); do
+    sleep 3
+    import -window root "$work/two.png"
+    changed=\$(compare -metric AE "$work/one.png" "$work/two.png" null: 2>&1 || true)
+    [ "\${changed%% *}" -gt 100 ] && break
+    mv "$work/two.png" "$work/one.png"
+done
 kill -TERM \$pid
 for _ in \$(seq 50); do kill -0 \$pid 2>/dev/null || break; sleep 0.2; done
 if kill -0 \$pid 2>/dev/null; then echo "tarvik did not end on SIGTERM"; kill -KILL \$pid; exit 1; fi
