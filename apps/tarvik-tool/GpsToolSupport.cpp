@@ -1,9 +1,9 @@
 #include "GpsToolSupport.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 std::optional<FixedDeviceClock> commandClock(const QString& nowOption) {
     if (!nowOption.isEmpty()) return FixedDeviceClock::fromIso8601(nowOption);
@@ -14,19 +14,37 @@ std::optional<FixedDeviceClock> commandClock(const QString& nowOption) {
 namespace {
 
 constexpr size_t kBlockSize = 1 << 16;
+constexpr size_t kNumberSize = 32;
 
-using Digits = std::array<char, 32>;
-
-template <typename T> std::string_view toText(Digits& digits, T value) {
-    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    return {digits.data(), static_cast<size_t>(result.ptr - digits.data())};
+// Most single-precision values of a log are short decimals (545.4, 0.9, 18.51998). Below 8192 a
+// float's neighbours lie less than 0.001 apart, so the decimal with the fewest places (up to three)
+// that reads back to the same float is exactly the shortest form; it is written from its digits,
+// and everything else goes the general way.
+char* writeFloat(char* at, float value) {
+    const float magnitude = std::fabs(value);
+    if (magnitude >= 0.001f && magnitude < 8192.0f) {
+        long long scale = 1;
+        for (int decimals = 0; decimals <= 3; ++decimals, scale *= 10) {
+            const auto digits =
+                static_cast<long long>(std::nearbyint(static_cast<double>(magnitude) * scale));
+            if (static_cast<float>(static_cast<double>(digits) / static_cast<double>(scale)) != magnitude)
+                continue;
+            if (value < 0) *at++ = '-';
+            at = std::to_chars(at, at + kNumberSize, digits / scale).ptr;
+            if (decimals == 0) return at;
+            *at++ = '.';
+            for (long long fraction = digits % scale, place = scale / 10; place > 0; place /= 10)
+                *at++ = static_cast<char>('0' + fraction / place % 10);
+            return at;
+        }
+    }
+    return std::to_chars(at, at + kNumberSize, value).ptr;
 }
 
 } // namespace
 
-CsvBlockWriter::CsvBlockWriter(ToolContext& ctx) {
+CsvBlockWriter::CsvBlockWriter(ToolContext& ctx) : m_buffer(kBlockSize + kNumberSize) {
     ctx.out.flush(); // what the context printed before comes first
-    m_strBuffer.reserve(kBlockSize + 256);
 }
 
 CsvBlockWriter::~CsvBlockWriter() {
@@ -34,44 +52,53 @@ CsvBlockWriter::~CsvBlockWriter() {
     std::fflush(stdout);
 }
 
-void CsvBlockWriter::separate() {
-    if (m_bRowStarted) m_strBuffer += ',';
+char* CsvBlockWriter::startField(size_t length) {
+    if (m_nUsed + length + 1 > m_buffer.size()) flush();
+    if (length + 1 > m_buffer.size()) m_buffer.resize(length + 1);
+    if (m_bRowStarted) m_buffer[m_nUsed++] = ',';
     m_bRowStarted = true;
+    return m_buffer.data() + m_nUsed;
 }
 
 CsvBlockWriter& CsvBlockWriter::text(std::string_view field) {
-    separate();
-    m_strBuffer += field;
+    std::memcpy(startField(field.size()), field.data(), field.size());
+    m_nUsed += field.size();
     return *this;
 }
 
 CsvBlockWriter& CsvBlockWriter::integer(long long value) {
-    Digits digits;
-    return text(toText(digits, value));
+    char* at = startField(kNumberSize);
+    m_nUsed = static_cast<size_t>(std::to_chars(at, at + kNumberSize, value).ptr - m_buffer.data());
+    return *this;
 }
 
 CsvBlockWriter& CsvBlockWriter::number(double value) {
-    Digits digits;
-    return std::isfinite(value) ? text(toText(digits, value)) : text("null");
+    if (!std::isfinite(value)) return text("null");
+    char* at = startField(kNumberSize);
+    m_nUsed = static_cast<size_t>(std::to_chars(at, at + kNumberSize, value).ptr - m_buffer.data());
+    return *this;
 }
 
 CsvBlockWriter& CsvBlockWriter::number(float value) {
-    Digits digits;
-    return std::isfinite(value) ? text(toText(digits, value)) : text("null");
+    if (!std::isfinite(value)) return text("null");
+    m_nUsed = static_cast<size_t>(writeFloat(startField(kNumberSize), value) - m_buffer.data());
+    return *this;
 }
 
 CsvBlockWriter& CsvBlockWriter::localTime(int64_t localSeconds, int32_t localOffset) {
-    char iso[kIsoLocalTimeSize];
-    return text({iso, static_cast<size_t>(formatIsoLocalTime(iso, localSeconds, localOffset))});
+    char* at = startField(kIsoLocalTimeSize);
+    m_nUsed += static_cast<size_t>(formatIsoLocalTime(at, localSeconds, localOffset));
+    return *this;
 }
 
 void CsvBlockWriter::endRow() {
-    m_strBuffer += '\n';
+    if (m_nUsed + 1 > m_buffer.size()) flush();
+    m_buffer[m_nUsed++] = '\n';
     m_bRowStarted = false;
-    if (m_strBuffer.size() >= kBlockSize) flush();
+    if (m_nUsed >= kBlockSize) flush();
 }
 
 void CsvBlockWriter::flush() {
-    std::fwrite(m_strBuffer.data(), 1, m_strBuffer.size(), stdout);
-    m_strBuffer.clear();
+    std::fwrite(m_buffer.data(), 1, m_nUsed, stdout);
+    m_nUsed = 0;
 }

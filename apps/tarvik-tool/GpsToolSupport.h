@@ -4,8 +4,8 @@
 #include "platform/DeviceClock.h"
 
 #include <optional>
-#include <string>
 #include <string_view>
+#include <vector>
 
 // The clock of the GPS commands: fixed at `--now` (ISO 8601) when given, else at the machine's
 // time of the start. A command never sets the machine's clock: requests are only recorded.
@@ -29,9 +29,11 @@ public:
     void endRow();
 
 private:
-    void separate();
+    // Room for `length` bytes of the next field, behind its separator.
+    char* startField(size_t length);
     void flush();
 
-    std::string m_strBuffer;
+    std::vector<char> m_buffer;
+    size_t m_nUsed = 0;
     bool m_bRowStarted = false;
 };

@@ -16,6 +16,8 @@ namespace {
 constexpr float kKnotsToKmh = 1.851998f;
 constexpr size_t kMaxLineLength = 1023; // longer lines are read in pieces of this size
 constexpr size_t kChunkSize = 1 << 16;
+constexpr qint64 kMinBytesPerPoint = 64; // a $GPGGA with a fix is longer
+constexpr qint64 kMaxReservedPoints = 1 << 22;
 
 // Hands out the lines of a device, each with its "\n", in pieces of at most kMaxLineLength bytes.
 class LineChunker {
@@ -137,6 +139,9 @@ bool ReadFromFile(QIODevice* file, std::vector<TrackPoint>& points, const GpsFix
                   const DeviceClock& clock, bool bDetails) {
     if (!file || !file->isOpen() || file->isSequential() || !file->seek(0)) return false;
     points.clear();
+    // Room for one point per 64 bytes, more than any log holds, saves copying a growing list.
+    points.reserve(
+        static_cast<size_t>(std::min<qint64>(file->size() / kMinBytesPerPoint, kMaxReservedPoints)));
     TrackBuilder builder(points, fix, clock, bDetails);
     LineChunker lines(*file);
     std::string_view line;

@@ -1,6 +1,7 @@
 #include "platform/DeviceClock.h"
 
 #include <QDateTime>
+#include <climits>
 #include <cstdio>
 #include <ctime>
 
@@ -59,15 +60,21 @@ int64_t dayNumber(int64_t seconds) {
 int formatIsoLocalTime(char* buffer, int64_t localSeconds, int32_t localOffset) {
     const int64_t days = dayNumber(localSeconds);
     const auto secondOfDay = static_cast<int>(localSeconds - days * 86400);
-    int64_t year = 0;
-    int month = 0, day = 0;
-    civilFromDays(days, year, month, day);
+    // Rows of a table mostly share their day, so the date is worked out once per day and thread.
+    thread_local int64_t tCachedDays = INT64_MIN, tCachedYear = 0;
+    thread_local int tCachedMonth = 0, tCachedDay = 0;
+    if (days != tCachedDays) {
+        civilFromDays(days, tCachedYear, tCachedMonth, tCachedDay);
+        tCachedDays = days;
+    }
+    const int64_t year = tCachedYear;
+    const int month = tCachedMonth, day = tCachedDay;
     const int offsetMinutes = (localOffset < 0 ? -localOffset : localOffset) / 60;
     if (year < 0 || year > 9999) {
-        const int length = std::snprintf(buffer, kIsoLocalTimeSize, "%lld-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
-                                         static_cast<long long>(year), month, day, secondOfDay / 3600,
-                                         secondOfDay / 60 % 60, secondOfDay % 60, localOffset < 0 ? '-' : '+',
-                                         offsetMinutes / 60 % 100, offsetMinutes % 60);
+        const int length = std::snprintf(
+            buffer, kIsoLocalTimeSize, "%lld-%02d-%02dT%02d:%02d:%02d%c%02d:%02d",
+            static_cast<long long>(year), month, day, secondOfDay / 3600, secondOfDay / 60 % 60,
+            secondOfDay % 60, localOffset < 0 ? '-' : '+', offsetMinutes / 60 % 100, offsetMinutes % 60);
         return length < kIsoLocalTimeSize ? length : kIsoLocalTimeSize - 1;
     }
     // Written digit by digit: tables of a million rows print a time in every row.

@@ -2,6 +2,7 @@
 #include "gps/NmeaTime.h"
 #include "platform/DeviceClock.h"
 
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -35,6 +36,24 @@ TEST(NmeaSplitter, AcceptsByTheChecksumRule) {
         NmeaFields fields;
         EXPECT_EQ(splitNmeaLine(c.line, fields), c.bAccepted) << c.legend;
         EXPECT_EQ(fields.count(), c.nCount) << c.legend;
+    }
+}
+
+// The checksum is summed several bytes at a time: every length and every place of the separators
+// must give the byte-wise sum.
+TEST(NmeaSplitter, SumsLinesOfEveryLength) {
+    for (int length = 0; length < 40; ++length) {
+        std::string body = "GPTXT";
+        for (int i = 0; i < length; ++i) body += i % 5 == 3 ? ',' : static_cast<char>('A' + (i * 7 + length) % 26);
+        unsigned checksum = 0;
+        for (const char c : body) checksum ^= static_cast<unsigned char>(c);
+        char hex[8];
+        std::snprintf(hex, sizeof hex, "*%02X", checksum);
+        NmeaFields fields;
+        EXPECT_TRUE(splitNmeaLine("$" + body + hex, fields)) << body;
+        EXPECT_EQ(fields.count(), 1 + length / 5 + (length % 5 > 3 ? 1 : 0)) << body;
+        std::snprintf(hex, sizeof hex, "*%02X", checksum ^ 0x40);
+        EXPECT_FALSE(splitNmeaLine("$" + body + hex, fields)) << body;
     }
 }
 
