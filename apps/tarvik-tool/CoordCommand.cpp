@@ -47,10 +47,7 @@ int runCoordCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--format")},
                               {QStringLiteral("--lat"), QStringLiteral("--lon"), QStringLiteral("--help")});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
-    if (options.has(QStringLiteral("--help"))) {
-        ctx.out << "usage: " << kUsage << Qt::endl;
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
     if (verb == QLatin1String("format")) return formatCommand(ctx, options);
     if (verb == QLatin1String("parse")) return parseCommand(ctx, options);

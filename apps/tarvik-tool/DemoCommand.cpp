@@ -68,11 +68,8 @@ int prepareCommand(ToolContext& ctx, const QStringList& args) {
 } // namespace
 
 int runDemoCommand(ToolContext& ctx, QStringList args) {
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
-    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
-        ctx.out << "usage: " << kUsage << '\n';
-        return ToolContext::kOk;
-    }
     if (verb == "generate") return generateCommand(ctx, args);
     if (verb == "sounds") return soundsCommand(ctx, args);
     if (verb == "prepare") return prepareCommand(ctx, args);

@@ -17,10 +17,7 @@ const char* const kUsage =
 
 int runFakeReceiverCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--speed"}, {"--loop", "--help"});
-    if (options.has("--help")) {
-        ctx.out << "usage: " << kUsage << '\n';
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
     bool numeric = true;
     const int speed = options.has("--speed") ? options.value("--speed").toInt(&numeric) : 1;

@@ -18,10 +18,7 @@ const char* const kUsage =
 int runGeoCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {}, {QStringLiteral("--help")});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
-    if (options.has(QStringLiteral("--help"))) {
-        ctx.out << "usage: " << kUsage << Qt::endl;
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
     if ((verb != QLatin1String("dist") && verb != QLatin1String("dest")) || options.positional().size() != 5)
         return ctx.usageError(kUsage);

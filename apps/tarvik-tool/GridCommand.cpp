@@ -108,10 +108,7 @@ int mercInverse(ToolContext& ctx, const QList<double>& n) {
 int runGridCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--zone")}, {QStringLiteral("--help")});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
-    if (options.has(QStringLiteral("--help"))) {
-        ctx.out << "usage: " << kUsage << Qt::endl;
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QStringList pos = options.positional();
     const QString verb = pos.value(0);
     if (verb == QLatin1String("utm-inverse") && pos.size() == 5) return utmInverse(ctx, pos);

@@ -87,10 +87,7 @@ bool writeAs(CIniFile& ini, const QString& kind, const QString& section, const Q
 int runIniCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--as")}, {QStringLiteral("--help")});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
-    if (options.has(QStringLiteral("--help"))) {
-        ctx.out << "usage: " << kUsage << Qt::endl;
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QStringList pos = options.positional();
     const QString kind = options.value(QStringLiteral("--as"), QStringLiteral("string"));
     if (!kKinds.contains(kind)) return ctx.usageError(kUsage);

@@ -94,11 +94,8 @@ int ggaCommand(ToolContext& ctx, const QStringList& args) {
 } // namespace
 
 int runNmeaCommand(ToolContext& ctx, QStringList args) {
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
-    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
-        ctx.out << "usage: " << kUsage << '\n';
-        return ToolContext::kOk;
-    }
     if (verb == "parse") return parseCommand(ctx, args);
     if (verb == "gga") return ggaCommand(ctx, args);
     return ctx.usageError(kUsage);

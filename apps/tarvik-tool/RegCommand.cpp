@@ -58,10 +58,7 @@ public:
         const ToolOptions options(args, {QStringLiteral("--type")}, {QStringLiteral("--help")});
         if (!options.ok()) return m_ctx.usageError(options.error() + '\n' + kUsage);
         const QStringList pos = options.positional();
-        if (options.has(QStringLiteral("--help"))) {
-            m_ctx.out << "usage: " << kUsage << Qt::endl;
-            return ToolContext::kOk;
-        }
+        if (ToolContext::helpRequested(args)) return m_ctx.printUsage(kUsage);
         const QString verb = pos.value(0);
         if (verb == QLatin1String("get") && pos.size() == 3) return get(pos[1], pos[2]);
         if (verb == QLatin1String("set") && pos.size() == 4 && options.has(QStringLiteral("--type")))

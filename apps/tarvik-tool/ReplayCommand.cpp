@@ -121,10 +121,7 @@ void printSummary(ToolContext& ctx, const ReplaySummary& summary) {
 } // namespace
 
 int runReplayCommand(ToolContext& ctx, QStringList args) {
-    if (args.contains("--help") || args.contains("-h")) {
-        ctx.out << kUsage << '\n';
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const ToolOptions options(args, {"--now", "--set"});
     if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
     auto clock = commandClock(options.value("--now"));

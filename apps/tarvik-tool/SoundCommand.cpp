@@ -74,10 +74,7 @@ int runSoundCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--dir", "--speed", "--noise", "--base"},
                               {"--help", "--mute", "--force"});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
-    if (options.has("--help")) {
-        ctx.out << "usage: " << kUsage << Qt::endl;
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
     if (options.positional().size() != 1) return ctx.usageError(kUsage);
     if (verb == QLatin1String("bands")) return listBands(ctx, options);

@@ -9,6 +9,15 @@
 
 ToolContext::ToolContext(const DeviceRoot& deviceRoot) : root(deviceRoot), out(stdout), err(stderr) {}
 
+bool ToolContext::helpRequested(const QStringList& args) {
+    return args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"));
+}
+
+int ToolContext::printUsage(const QString& usage) {
+    out << "usage: " << usage << Qt::endl;
+    return kOk;
+}
+
 int ToolContext::usageError(const QString& usage) {
     err << "usage: " << usage << Qt::endl;
     return kUsageError;

@@ -21,6 +21,10 @@ public:
     QTextStream out;
     QTextStream err;
 
+    // "--help" or "-h" anywhere among a command's arguments.
+    static bool helpRequested(const QStringList& args);
+    // Prints "usage: ..." on stdout and returns kOk: the answer to "--help".
+    int printUsage(const QString& usage);
     // Prints "usage: ..." on stderr and returns kUsageError.
     int usageError(const QString& usage);
     // Prints "tarvik-tool: <message>" on stderr and returns kInputError.

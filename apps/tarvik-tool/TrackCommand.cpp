@@ -41,11 +41,8 @@ int readCommand(ToolContext& ctx, const QStringList& args) {
 } // namespace
 
 int runTrackCommand(ToolContext& ctx, QStringList args) {
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
-    if (verb == "--help" || verb == "-h" || args.contains("--help")) {
-        ctx.out << "usage: " << kUsage << '\n';
-        return ToolContext::kOk;
-    }
     if (verb == "read") return readCommand(ctx, args);
     return ctx.usageError(kUsage);
 }

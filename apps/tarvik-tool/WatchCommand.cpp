@@ -22,10 +22,7 @@ const char* const kUsage =
 
 int runWatchCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--source", "--device", "--seconds"}, {"--help"});
-    if (options.has("--help")) {
-        ctx.out << "usage: " << kUsage << '\n';
-        return ToolContext::kOk;
-    }
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     if (!options.ok() || !options.positional().isEmpty()) return ctx.usageError(kUsage);
     bool numeric = true;
     const int seconds = options.has("--seconds") ? options.value("--seconds").toInt(&numeric) : 0;

@@ -9,7 +9,7 @@ trap 'rm -rf "$work"' EXIT
 
 cat > "$work/run.sh" <<SCRIPT
 set -u
-"$tarvik" --demo --root "$work/root" 2> "$work/stderr" &
+QT_QPA_PLATFORM=xcb "$tarvik" --demo --root "$work/root" 2> "$work/stderr" &
 pid=\$!
 # Screenshots three seconds apart until two differ: a loaded machine may take a while to start.
 sleep 3
@@ -19,7 +19,7 @@ for _ in \$(seq 15); do
     import -window root "$work/two.png"
     changed=\$(compare -metric AE "$work/one.png" "$work/two.png" null: 2>&1 || true)
     [ "\${changed%% *}" -gt 100 ] && break
-    mv "$work/two.png" "$work/one.png"
+    cp "$work/two.png" "$work/one.png"
 done
 kill -TERM \$pid
 for _ in \$(seq 50); do kill -0 \$pid 2>/dev/null || break; sleep 0.2; done
