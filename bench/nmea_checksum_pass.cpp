@@ -1,23 +1,21 @@
 // The floor for reading a log: one pass that only finds each line and tests its checksum, with
 // nothing interpreted. Prints the number of lines whose checksum holds.
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <vector>
 
 namespace {
 
-int hexValue(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return -1;
-}
-
 bool checksumHolds(const char* line, const char* end) {
     if (line == end || *line != '$') return false;
     unsigned sum = 0;
     for (const char* c = line + 1; c < end; ++c) {
-        if (*c == '*') return end - c >= 3 && hexValue(c[1]) * 16 + hexValue(c[2]) == static_cast<int>(sum);
+        if (*c == '*') {
+            unsigned stated = 0;
+            const auto result = std::from_chars(c + 1, end, stated, 16);
+            return result.ec == std::errc() && stated == sum;
+        }
         sum ^= static_cast<unsigned char>(*c);
     }
     return false;
