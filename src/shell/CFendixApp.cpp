@@ -23,6 +23,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QProcess>
+#include <QScreen>
 
 namespace {
 // A second memory-pressure report within this time counts as the system asking the program to close.
@@ -70,8 +71,12 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pFrame->SelectPageByName(key.ReadString(QString::fromLatin1(ShellSettings::kCurrentView), currentView)
                                    ? currentView
                                    : PageTable::name(PageTable::kSpeed));
-    if (bFullScreen) m_pFrame->showFullScreen();
-    else m_pFrame->show();
+    if (bFullScreen) {
+        m_pFrame->setGeometry(m_pFrame->screen()->geometry()); // also without a window manager (kiosk)
+        m_pFrame->showFullScreen();
+    } else {
+        m_pFrame->show();
+    }
 
     m_pSource->start();
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -45,7 +46,9 @@ const uint16_t kPagesMadeWithTheFrame[] = {0x8015, 0x8014, 0x8031};
 CMainFrame::CMainFrame(PageFactory factory, QWidget* parent) : QMainWindow(parent), m_factory(std::move(factory)) {
     setWindowTitle(QStringLiteral("Tarvik"));
     setMinimumSize(220, 280);
-    resize(480, 640);
+    // A handheld-sized window that never exceeds a small screen.
+    const QSize available = screen()->availableGeometry().size();
+    resize(std::min(480, available.width()), std::min(640, available.height()));
     m_pStack = new QStackedWidget(this);
     setCentralWidget(m_pStack);
     m_pCommandBar = new QToolBar(this);
@@ -146,7 +149,7 @@ void CMainFrame::RebuildCommandBar() {
         action->setData(button.command);
         action->setToolTip(PageTable::name(button.command));
         connect(action, &QAction::triggered, this, [this, command = button.command] { RunCommand(command); });
-        if (auto* widget = qobject_cast<QToolButton*>(m_pCommandBar->widgetForAction(action))) widget->setMinimumSize(48, 44);
+        if (auto* widget = qobject_cast<QToolButton*>(m_pCommandBar->widgetForAction(action))) widget->setMinimumSize(40, 44);
     }
 }
 

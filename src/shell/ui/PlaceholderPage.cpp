@@ -10,6 +10,7 @@ PlaceholderPage::PlaceholderPage(const QString& pageName, QWidget* parent) : CPa
     big.setPointSizeF(big.pointSizeF() * 2);
     title->setFont(big);
     title->setAlignment(Qt::AlignCenter);
+    title->setWordWrap(true);
     auto* note = new QLabel(QStringLiteral("Diese Seite gibt es in dieser Version noch nicht."), this);
     note->setAlignment(Qt::AlignCenter);
     note->setWordWrap(true);
