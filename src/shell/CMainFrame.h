@@ -8,7 +8,6 @@
 #include <map>
 
 class CPageView;
-class QMenu;
 class QStackedWidget;
 class QToolBar;
 
@@ -67,7 +66,6 @@ private:
     PageFactory m_factory;
     QStackedWidget* m_pStack;
     QToolBar* m_pCommandBar;
-    QMenu* m_pUserPageMenu = nullptr;
     std::map<uint16_t, CPageView*> m_pages;
     std::map<uint16_t, QAction*> m_menuActions;
     CPageView* m_pCurrentPage = nullptr;
