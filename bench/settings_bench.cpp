@@ -18,7 +18,8 @@ void WriteString(benchmark::State& state) {
     Hive hive;
     CRegistryKey key;
     int n = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(key.WriteString("CurrentView", n++ % 2 ? "Kartenanzeige" : "Fahrtenbuch"));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(key.WriteString("CurrentView", n++ % 2 ? "Kartenanzeige" : "Fahrtenbuch"));
 }
 BENCHMARK(WriteString)->Unit(benchmark::kMicrosecond);
 
@@ -38,7 +39,8 @@ void ReadDwordWithDefault(benchmark::State& state) {
     Hive hive;
     CRegistryKey key;
     key.WriteDword("Speed", 4800);
-    for (auto _ : state) benchmark::DoNotOptimize(key.GetDword("Speed", 0));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(key.GetDword("Speed", 0));
 }
 BENCHMARK(ReadDwordWithDefault)->Unit(benchmark::kMicrosecond);
 

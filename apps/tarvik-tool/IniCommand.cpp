@@ -12,15 +12,20 @@ const char* const kUsage =
     "size (cx,cy), multiline, list (items one per line on output, separated by '\"' on input).\n"
     "get prints the value as that reader reads it and exits 1 when the key is not found.";
 
-const QStringList kKinds = {"string", "int",  "flag",  "float",     "double", "color",
+const QStringList kKinds = {"string", "int",   "flag", "float",     "double", "color",
                             "rect",   "point", "size", "multiline", "list"};
 
-QString colourText(Colour c) { return QStringLiteral("%1,%2,%3").arg(c & 0xFF).arg((c >> 8) & 0xFF).arg((c >> 16) & 0xFF); }
+QString colourText(Colour c) {
+    return QStringLiteral("%1,%2,%3").arg(c & 0xFF).arg((c >> 8) & 0xFF).arg((c >> 16) & 0xFF);
+}
 
 // Numbers given on the command line for the structured kinds, "1,2,3,4".
-QList<int32_t> numbers(const QString& text) { return ValueText::parseIntList(text); }
+QList<int32_t> numbers(const QString& text) {
+    return ValueText::parseIntList(text);
+}
 
-std::optional<QString> readAs(CIniFile& ini, const QString& kind, const QString& section, const QString& key) {
+std::optional<QString> readAs(CIniFile& ini, const QString& kind, const QString& section,
+                              const QString& key) {
     bool found = false;
     QString result;
     if (kind == "string") {
@@ -67,7 +72,8 @@ std::optional<QString> readAs(CIniFile& ini, const QString& kind, const QString&
     return found ? std::optional(result) : std::nullopt;
 }
 
-bool writeAs(CIniFile& ini, const QString& kind, const QString& section, const QString& key, const QString& value) {
+bool writeAs(CIniFile& ini, const QString& kind, const QString& section, const QString& key,
+             const QString& value) {
     const QList<int32_t> n = numbers(value);
     if (kind == "string") return ini.WriteString(section, key, value);
     if (kind == "int") return ini.WriteInt(section, key, ValueText::wtol(value));

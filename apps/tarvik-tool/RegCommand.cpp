@@ -20,9 +20,12 @@ const char* const kUsage =
 
 QString typeName(RegistryType type) {
     switch (type) {
-    case RegistryType::String: return QStringLiteral("sz");
-    case RegistryType::Dword: return QStringLiteral("dword");
-    case RegistryType::Binary: break;
+    case RegistryType::String:
+        return QStringLiteral("sz");
+    case RegistryType::Dword:
+        return QStringLiteral("dword");
+    case RegistryType::Binary:
+        break;
     }
     return QStringLiteral("binary");
 }
@@ -37,13 +40,15 @@ std::optional<RegistryValue> parseValue(const QString& type, const QString& text
     if (type == QLatin1String("sz")) return RegistryValue::fromString(text);
     if (type == QLatin1String("dword")) {
         bool ok = false;
-        const uint32_t v = text.startsWith(QLatin1String("0x")) ? text.mid(2).toUInt(&ok, 16) : text.toUInt(&ok, 10);
+        const uint32_t v =
+            text.startsWith(QLatin1String("0x")) ? text.mid(2).toUInt(&ok, 16) : text.toUInt(&ok, 10);
         if (!ok) return std::nullopt;
         return RegistryValue::fromDword(v);
     }
     if (type == QLatin1String("binary")) {
         const QByteArray hex = QString(text).remove(',').remove(' ').toLatin1();
-        if (hex.size() % 2 != 0 || !std::all_of(hex.begin(), hex.end(), [](char c) { return isxdigit(uchar(c)); }))
+        if (hex.size() % 2 != 0 ||
+            !std::all_of(hex.begin(), hex.end(), [](char c) { return isxdigit(uchar(c)); }))
             return std::nullopt;
         return RegistryValue{RegistryType::Binary, QByteArray::fromHex(hex)};
     }
@@ -64,7 +69,8 @@ public:
         if (verb == QLatin1String("set") && pos.size() == 4 && options.has(QStringLiteral("--type")))
             return set(pos[1], pos[2], options.value(QStringLiteral("--type")), pos[3]);
         if (verb == QLatin1String("list") && pos.size() == 2) return list(pos[1]);
-        if (verb == QLatin1String("delete") && (pos.size() == 2 || pos.size() == 3)) return remove(pos[1], pos.value(2));
+        if (verb == QLatin1String("delete") && (pos.size() == 2 || pos.size() == 3))
+            return remove(pos[1], pos.value(2));
         if (verb == QLatin1String("export") && (pos.size() == 2 || pos.size() == 3))
             return exportTo(pos.size() == 3 ? pos[1] : QString(), pos.last());
         if (verb == QLatin1String("import") && pos.size() == 2) return importFrom(pos[1]);
@@ -94,7 +100,8 @@ private:
         const auto value = parseValue(type, text);
         if (!value) return m_ctx.inputError("'" + text + "' is not a value of type " + type);
         const auto key = m_hive.createKey(name->root, name->path);
-        if (!key || !m_hive.setValue(*key, valueName, *value)) return m_ctx.inputError("cannot write the settings");
+        if (!key || !m_hive.setValue(*key, valueName, *value))
+            return m_ctx.inputError("cannot write the settings");
         return ToolContext::kOk;
     }
 
@@ -126,7 +133,8 @@ private:
         if (!keyText.isEmpty()) {
             from = keyName(keyText);
             if (!from) return ToolContext::kUsageError;
-            if (!m_hive.findKey(from->root, from->path)) return m_ctx.inputError("no key " + from->fullName());
+            if (!m_hive.findKey(from->root, from->path))
+                return m_ctx.inputError("no key " + from->fullName());
         }
         QSaveFile out(file);
         if (!out.open(QIODevice::WriteOnly)) return m_ctx.inputError("cannot write " + file);
@@ -139,7 +147,8 @@ private:
         if (!in.open(QIODevice::ReadOnly)) return m_ctx.inputError("cannot read " + file);
         const RegFile::Parsed parsed = RegFile::parse(in.readAll());
         if (!parsed.error.isEmpty()) return m_ctx.inputError(file + ": " + parsed.error);
-        return RegFile::apply(m_hive, parsed) ? ToolContext::kOk : m_ctx.inputError("cannot write the settings");
+        return RegFile::apply(m_hive, parsed) ? ToolContext::kOk
+                                              : m_ctx.inputError("cannot write the settings");
     }
 
     ToolContext& m_ctx;
@@ -148,4 +157,6 @@ private:
 
 } // namespace
 
-int runRegCommand(ToolContext& ctx, QStringList args) { return RegCommand(ctx).run(args); }
+int runRegCommand(ToolContext& ctx, QStringList args) {
+    return RegCommand(ctx).run(args);
+}

@@ -41,19 +41,22 @@ QString ToolContext::jsonString(const QString& text) {
 }
 
 QString ToolContext::csvField(const QString& text) {
-    if (!text.contains(',') && !text.contains('"') && !text.contains('\n') && !text.contains('\r')) return text;
+    if (!text.contains(',') && !text.contains('"') && !text.contains('\n') && !text.contains('\r'))
+        return text;
     return '"' + QString(text).replace('"', QStringLiteral("\"\"")) + '"';
 }
 
 void ToolContext::printJson(std::initializer_list<JsonMember> members) {
     QStringList parts;
-    for (const auto& [name, value] : members) parts << jsonString(QString::fromLatin1(name)) + ':' + value;
+    for (const auto& [name, value] : members)
+        parts << jsonString(QString::fromLatin1(name)) + ':' + value;
     out << '{' << parts.join(',') << '}' << Qt::endl;
 }
 
 void ToolContext::printCsvRow(const QStringList& fields) {
     QStringList quoted;
-    for (const QString& field : fields) quoted << csvField(field);
+    for (const QString& field : fields)
+        quoted << csvField(field);
     out << quoted.join(',') << '\n';
 }
 

@@ -31,7 +31,8 @@ const Noun kNouns[] = {
 void printHelp(QTextStream& out) {
     out << "usage: tarvik-tool [--root DIR] NOUN VERB [ARGS]\n\n"
            "The device root is DIR, else $TARVIK_ROOT, else $XDG_DATA_HOME/tarvik.\n\nNouns:\n";
-    for (const Noun& noun : kNouns) out << "  " << QString::fromLatin1(noun.name).leftJustified(16) << noun.summary << '\n';
+    for (const Noun& noun : kNouns)
+        out << "  " << QString::fromLatin1(noun.name).leftJustified(16) << noun.summary << '\n';
     out << "\n'tarvik-tool NOUN --help' tells more.\n";
 }
 

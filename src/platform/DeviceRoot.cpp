@@ -28,14 +28,20 @@ bool isHostPath(const QString& path) {
 
 } // namespace
 
-const DeviceRoot& DeviceRoot::current() { return currentRoot(); }
+const DeviceRoot& DeviceRoot::current() {
+    return currentRoot();
+}
 
-void DeviceRoot::setCurrent(const DeviceRoot& root) { currentRoot() = root; }
+void DeviceRoot::setCurrent(const DeviceRoot& root) {
+    currentRoot() = root;
+}
 
 DeviceRoot::DeviceRoot(const QString& hostFolder)
     : m_strRoot(QDir::cleanPath(QDir(hostFolder).absolutePath())) {}
 
-QString DeviceRoot::programFolder() const { return m_strRoot + "/Tarvik"; }
+QString DeviceRoot::programFolder() const {
+    return m_strRoot + "/Tarvik";
+}
 
 QString DeviceRoot::hostPath(const QString& systemPath) const {
     if (isHostPath(systemPath)) return QDir::cleanPath(systemPath);
@@ -45,12 +51,19 @@ QString DeviceRoot::hostPath(const QString& systemPath) const {
     // Resolve ".." against a virtual "/" so that the result cannot climb out of the root.
     const QString inside = QDir::cleanPath('/' + path);
     QString relative = inside;
-    while (relative.startsWith("/..")) relative.remove(0, 3);
+    while (relative.startsWith("/.."))
+        relative.remove(0, 3);
     return relative == "/" || relative.isEmpty() ? m_strRoot : m_strRoot + relative;
 }
 
-QString DeviceRoot::registryFile() const { return m_strRoot + "/registry.db"; }
+QString DeviceRoot::registryFile() const {
+    return m_strRoot + "/registry.db";
+}
 
-QString DeviceRoot::cacheFolder() const { return m_strRoot + "/cache"; }
+QString DeviceRoot::cacheFolder() const {
+    return m_strRoot + "/cache";
+}
 
-bool DeviceRoot::ensureExists() const { return QDir().mkpath(programFolder()); }
+bool DeviceRoot::ensureExists() const {
+    return QDir().mkpath(programFolder());
+}

@@ -32,7 +32,9 @@ constexpr int kPressureBurstMs = 10000;
 
 CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root), m_clock(SystemDeviceClock::SetTime::Allowed) {}
 
-CFendixApp::~CFendixApp() { Shutdown(); }
+CFendixApp::~CFendixApp() {
+    Shutdown();
+}
 
 bool CFendixApp::InitInstance(bool bFullScreen) {
     DevLog("ver: %s", TARVIK_VERSION);
@@ -115,13 +117,16 @@ void CFendixApp::ApplyLowPriority(bool bActive) {
 }
 
 void CFendixApp::OnMemoryPressure() {
-    if (m_pressureBurst.isActive()) m_pFrame->OnSystemClose();
-    else m_pFrame->OnHibernate();
+    if (m_pressureBurst.isActive())
+        m_pFrame->OnSystemClose();
+    else
+        m_pFrame->OnHibernate();
     m_pressureBurst.start();
 }
 
 void CFendixApp::ShowSourceMessage(const QString& text) {
-    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarvik"), text, QMessageBox::Ok, m_pFrame.get());
+    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarvik"), text, QMessageBox::Ok,
+                                m_pFrame.get());
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open(); // never blocks the sentences behind it
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "gps/sources/StopEvent.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
-#include "gps/sources/StopEvent.h"
 #include "platform/session/IdleInhibitor.h"
 
 #include <QObject>

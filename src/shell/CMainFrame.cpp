@@ -21,19 +21,28 @@
 namespace {
 
 // The command-bar pictures by image index, as short words a finger can hit.
-const char* const kImageTexts[12] = {"Tempo", "Karte", "Höhe",  "GoTo",  "Fahrten", "MN",
-                                     "Pos+",  "Menü",  "",      "Info",  "POI",     "Sat"};
+const char* const kImageTexts[12] = {"Tempo", "Karte", "Höhe", "GoTo", "Fahrten", "MN",
+                                     "Pos+",  "Menü",  "",     "Info", "POI",     "Sat"};
 
 struct MenuItem {
     const char* text; // UTF-8
     uint16_t command;
 };
 
-const MenuItem kPageItems[] = {{"Geschwindigkeitsanzeige", 0x8008}, {"Kartenanzeige", 0x8061}, {"Höhenansicht", 0x801A},
-                               {"Satelliten", 0x8056},              {"Position", 0x805B},      {"Fahrtenbuch", 0x8004},
-                               {"GoTo Seite", 0x8015},              {"Track", 0x8118},         {"MN Schnellstart", 0x8033}};
-const MenuItem kMoreViews[] = {{"Kartenanzeige 2", 0x8062}, {"Kartenanzeige 3", 0x8063}, {"Kartenanzeige 4", 0x8064},
-                               {"Kartenanzeige 5", 0x8065}, {"Diagramme", 0x811E}};
+const MenuItem kPageItems[] = {{"Geschwindigkeitsanzeige", 0x8008},
+                               {"Kartenanzeige", 0x8061},
+                               {"Höhenansicht", 0x801A},
+                               {"Satelliten", 0x8056},
+                               {"Position", 0x805B},
+                               {"Fahrtenbuch", 0x8004},
+                               {"GoTo Seite", 0x8015},
+                               {"Track", 0x8118},
+                               {"MN Schnellstart", 0x8033}};
+const MenuItem kMoreViews[] = {{"Kartenanzeige 2", 0x8062},
+                               {"Kartenanzeige 3", 0x8063},
+                               {"Kartenanzeige 4", 0x8064},
+                               {"Kartenanzeige 5", 0x8065},
+                               {"Diagramme", 0x811E}};
 const MenuItem kSettingsItems[] = {{"MN AddOns", 0x8031},         {"Andere Einstellungen", 0x802E},
                                    {"Meldungen", 0x805F},         {"POI Konfiguration", 0x8011},
                                    {"Tarvik Livepos", 0x805E},    {"Einstellungen Hotkeys", 0x8014},
@@ -43,7 +52,8 @@ const uint16_t kPagesMadeWithTheFrame[] = {0x8015, 0x8014, 0x8031};
 
 } // namespace
 
-CMainFrame::CMainFrame(PageFactory factory, QWidget* parent) : QMainWindow(parent), m_factory(std::move(factory)) {
+CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
+    : QMainWindow(parent), m_factory(std::move(factory)) {
     setWindowTitle(QStringLiteral("Tarvik"));
     setMinimumSize(220, 280);
     // A handheld-sized window that never exceeds a small screen.
@@ -57,7 +67,8 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent) : QMainWindow(paren
     addToolBar(Qt::BottomToolBarArea, m_pCommandBar);
 
     m_factory.setUserPages(scanUserPages(DeviceRoot::current().programFolder()));
-    for (uint16_t command : kPagesMadeWithTheFrame) PageFor(command);
+    for (uint16_t command : kPagesMadeWithTheFrame)
+        PageFor(command);
     BuildMenu();
     CRegistryKey key;
     const int32_t preAllocKb = readSetting(key, ShellSettings::kPreAllocKB);
@@ -78,13 +89,17 @@ void CMainFrame::BuildMenu() {
     view->addSeparator();
     const UserPageSlots& userPages = m_factory.userPages();
     for (size_t i = 0; i < userPages.size(); ++i)
-        if (!userPages[i].isEmpty()) addItem(view, userPages[i].name, uint16_t(PageTable::kFirstUserPage + i));
-    for (const MenuItem& item : kPageItems) addItem(view, QString::fromUtf8(item.text), item.command);
+        if (!userPages[i].isEmpty())
+            addItem(view, userPages[i].name, uint16_t(PageTable::kFirstUserPage + i));
+    for (const MenuItem& item : kPageItems)
+        addItem(view, QString::fromUtf8(item.text), item.command);
     QMenu* more = view->addMenu(QStringLiteral("Weitere Ansichten"));
-    for (const MenuItem& item : kMoreViews) addItem(more, QString::fromUtf8(item.text), item.command);
+    for (const MenuItem& item : kMoreViews)
+        addItem(more, QString::fromUtf8(item.text), item.command);
     view->addSeparator();
     QMenu* settings = view->addMenu(QStringLiteral("Einstellungen"));
-    for (const MenuItem& item : kSettingsItems) addItem(settings, QString::fromUtf8(item.text), item.command);
+    for (const MenuItem& item : kSettingsItems)
+        addItem(settings, QString::fromUtf8(item.text), item.command);
     view->addSeparator();
     view->addAction(QStringLiteral("Beenden"), this, &CMainFrame::Exit);
 }
@@ -130,7 +145,8 @@ void CMainFrame::SelectPageByName(const QString& name) {
     if (const auto command = PageTable::command(name); command && SelectPage(*command)) return;
     const UserPageSlots& userPages = m_factory.userPages();
     for (size_t i = 0; i < userPages.size(); ++i)
-        if (!userPages[i].isEmpty() && userPages[i].name == name && SelectPage(uint16_t(PageTable::kFirstUserPage + i)))
+        if (!userPages[i].isEmpty() && userPages[i].name == name &&
+            SelectPage(uint16_t(PageTable::kFirstUserPage + i)))
             return;
     SelectPage(PageTable::kSourceSettings);
 }
@@ -149,18 +165,21 @@ void CMainFrame::RebuildCommandBar() {
         action->setData(button.command);
         action->setToolTip(PageTable::name(button.command));
         connect(action, &QAction::triggered, this, [this, command = button.command] { RunCommand(command); });
-        if (auto* widget = qobject_cast<QToolButton*>(m_pCommandBar->widgetForAction(action))) widget->setMinimumSize(40, 44);
+        if (auto* widget = qobject_cast<QToolButton*>(m_pCommandBar->widgetForAction(action)))
+            widget->setMinimumSize(40, 44);
     }
 }
 
 QList<uint16_t> CMainFrame::CommandBarCommands() const {
     QList<uint16_t> commands;
-    for (const QAction* action : m_pCommandBar->actions()) commands << uint16_t(action->data().toUInt());
+    for (const QAction* action : m_pCommandBar->actions())
+        commands << uint16_t(action->data().toUInt());
     return commands;
 }
 
 void CMainFrame::UpdateMenuChecks() {
-    for (const auto& [command, action] : m_menuActions) action->setChecked(command == m_nCurrentCommand);
+    for (const auto& [command, action] : m_menuActions)
+        action->setChecked(command == m_nCurrentCommand);
 }
 
 void CMainFrame::RunCommand(uint16_t command) {
@@ -175,7 +194,8 @@ void CMainFrame::RunCommand(uint16_t command) {
 void CMainFrame::FreeMemory(bool bAggressive) {
     DevLog("MyFreeMem");
     CRegistryKey key;
-    if (readSetting(key, ShellSettings::kCleanIECache) && QDir(DeviceRoot::current().cacheFolder()).removeRecursively())
+    if (readSetting(key, ShellSettings::kCleanIECache) &&
+        QDir(DeviceRoot::current().cacheFolder()).removeRecursively())
         DevLog("IE Cache cleaned");
     if (!bAggressive || m_bSwitching) return;
     DevLog("Delete pages");

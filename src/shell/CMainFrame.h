@@ -3,8 +3,8 @@
 #include "gps/DocumentHooks.h"
 #include "shell/PageFactory.h"
 
-#include <QMainWindow>
 #include <QByteArray>
+#include <QMainWindow>
 #include <map>
 
 class CPageView;

@@ -23,7 +23,8 @@ constexpr int kDynaSoundShownWhenOff = 20;
 
 } // namespace
 
-CSettingsPage::CSettingsPage(Actions actions, QWidget* parent) : CPageView(parent), m_actions(std::move(actions)) {
+CSettingsPage::CSettingsPage(Actions actions, QWidget* parent)
+    : CPageView(parent), m_actions(std::move(actions)) {
     auto* form = new QWidget;
     auto* layout = new QFormLayout(form);
     const auto check = [form](const QString& text) { return new QCheckBox(text, form); };
@@ -74,7 +75,8 @@ CSettingsPage::CSettingsPage(Actions actions, QWidget* parent) : CPageView(paren
     (new QVBoxLayout(this))->addWidget(scroll);
     Load();
 
-    for (QCheckBox* box : {m_pSpeedVol, m_pDynaSound}) connect(box, &QCheckBox::toggled, this, &CSettingsPage::WriteVolume);
+    for (QCheckBox* box : {m_pSpeedVol, m_pDynaSound})
+        connect(box, &QCheckBox::toggled, this, &CSettingsPage::WriteVolume);
     for (QSpinBox* box : {m_pMinVol, m_pMaxVol, m_pMaxVolSpeed, m_pDynaSoundValue})
         connect(box, &QSpinBox::valueChanged, this, &CSettingsPage::WriteVolume);
     connect(m_pAutoStart, &QCheckBox::toggled, this, &CSettingsPage::WriteAutoStart);
@@ -96,7 +98,8 @@ CSettingsPage::CSettingsPage(Actions actions, QWidget* parent) : CPageView(paren
     });
     connect(m_pThresholdHeading, &QLineEdit::editingFinished, this, [this] {
         const float threshold = float(ValueText::wcstod(m_pThresholdHeading->text().replace(',', '.')));
-        CRegistryKey().WriteString(GpsSettings::kThresholdHeading.name(), QString::asprintf("%.1f", threshold));
+        CRegistryKey().WriteString(GpsSettings::kThresholdHeading.name(),
+                                   QString::asprintf("%.1f", threshold));
         m_pThresholdHeading->setText(QString::asprintf("%.1f", threshold));
     });
 }
@@ -143,7 +146,8 @@ void CSettingsPage::WriteAutoStart() {
 }
 
 void CSettingsPage::BrowseAutoStart() {
-    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("Programm"), m_pAutoStartPath->text());
+    const QString file =
+        QFileDialog::getOpenFileName(this, QStringLiteral("Programm"), m_pAutoStartPath->text());
     if (file.isEmpty()) return;
     m_pAutoStartPath->setText(file);
     m_pAutoStart->setChecked(true);

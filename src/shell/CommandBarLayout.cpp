@@ -11,7 +11,9 @@ QList<CommandBarButton> commandBarFor(uint16_t shownCommand) {
         buttons << CommandBarButton{e.command, e.image};
     }
     if (shownCommand != PageTable::kSatellites) buttons << CommandBarButton{PageTable::kSatellites, 11};
-    if (mapShown) buttons << CommandBarButton{PageTable::kExtendedMenuBar, 7};
-    else buttons << CommandBarButton{PageTable::kStorePosition, 6};
+    if (mapShown)
+        buttons << CommandBarButton{PageTable::kExtendedMenuBar, 7};
+    else
+        buttons << CommandBarButton{PageTable::kStorePosition, 6};
     return buttons;
 }

@@ -32,7 +32,8 @@ const Entry kEntries[kCount] = {
 };
 
 bool isCommandOnly(uint16_t command) {
-    return command == kAbout || command == kStorePosition || command == kFollowPosition || command == kExtendedMenuBar;
+    return command == kAbout || command == kStorePosition || command == kFollowPosition ||
+           command == kExtendedMenuBar;
 }
 
 const Entry* entry(uint16_t command) {
@@ -53,12 +54,24 @@ std::optional<uint16_t> command(const QString& pageName) {
 }
 
 QStringList choiceList(bool withDiagrams) {
-    QStringList names = {"Kartenanzeige",         "Kartenanzeige2",          "Kartenanzeige3",
-                         "Kartenanzeige4",        "Kartenanzeige5",          "Fahrtenbuch",
-                         "Einstellungen Hotkeys", "Geschwindigkeitsanzeige", "POI Konfiguration",
-                         "GoTo Seite",            "MN Schnellstart",         "Höhenansicht",
-                         "Satelliten",            "Position",                "Andere Einstellungen",
-                         "MN AddOns",             "Einstellungen Datenquelle", "Einstellungen TMC",
+    QStringList names = {"Kartenanzeige",
+                         "Kartenanzeige2",
+                         "Kartenanzeige3",
+                         "Kartenanzeige4",
+                         "Kartenanzeige5",
+                         "Fahrtenbuch",
+                         "Einstellungen Hotkeys",
+                         "Geschwindigkeitsanzeige",
+                         "POI Konfiguration",
+                         "GoTo Seite",
+                         "MN Schnellstart",
+                         "Höhenansicht",
+                         "Satelliten",
+                         "Position",
+                         "Andere Einstellungen",
+                         "MN AddOns",
+                         "Einstellungen Datenquelle",
+                         "Einstellungen TMC",
                          "Track"};
     if (withDiagrams) names << QStringLiteral("Diagramme");
     return names;

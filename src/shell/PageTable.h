@@ -33,8 +33,12 @@ constexpr uint16_t kFirstUserPage = 0x8034; // slot i answers to 0x8034 + i
 constexpr int kUserSlots = 20;
 constexpr uint16_t kExit = 0x8049;
 
-inline bool isMapPage(uint16_t command) { return command >= kFirstMap && command <= kLastMap; }
-inline bool isUserPage(uint16_t command) { return command >= kFirstUserPage && command < kFirstUserPage + kUserSlots; }
+inline bool isMapPage(uint16_t command) {
+    return command >= kFirstMap && command <= kLastMap;
+}
+inline bool isUserPage(uint16_t command) {
+    return command >= kFirstUserPage && command < kFirstUserPage + kUserSlots;
+}
 // Entries that run a command instead of showing a page.
 bool isCommandOnly(uint16_t command);
 

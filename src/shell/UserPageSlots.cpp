@@ -12,7 +12,8 @@ UserPageSlots scanUserPages(const QString& programFolder) {
         if (next == slots.size()) break;
         CIniFile ini;
         QString name;
-        if (!ini.Load(folder.filePath(file)) || !ini.ReadString(QStringLiteral("Global"), QStringLiteral("Name"), name))
+        if (!ini.Load(folder.filePath(file)) ||
+            !ini.ReadString(QStringLiteral("Global"), QStringLiteral("Name"), name))
             continue;
         slots[next++] = {folder.filePath(file), name};
     }

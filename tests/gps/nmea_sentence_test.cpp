@@ -44,9 +44,11 @@ TEST(NmeaSplitter, AcceptsByTheChecksumRule) {
 TEST(NmeaSplitter, SumsLinesOfEveryLength) {
     for (int length = 0; length < 40; ++length) {
         std::string body = "GPTXT";
-        for (int i = 0; i < length; ++i) body += i % 5 == 3 ? ',' : static_cast<char>('A' + (i * 7 + length) % 26);
+        for (int i = 0; i < length; ++i)
+            body += i % 5 == 3 ? ',' : static_cast<char>('A' + (i * 7 + length) % 26);
         unsigned checksum = 0;
-        for (const char c : body) checksum ^= static_cast<unsigned char>(c);
+        for (const char c : body)
+            checksum ^= static_cast<unsigned char>(c);
         char hex[8];
         std::snprintf(hex, sizeof hex, "*%02X", checksum);
         NmeaFields fields;

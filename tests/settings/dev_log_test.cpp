@@ -20,5 +20,6 @@ TEST(DevLog, WritesOnlyWhileDevelopNamesAFile) {
     QFile log(root.file("My Documents/dev.txt"));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(log.readAll());
-    EXPECT_TRUE(QRegularExpression("^-?\\d+ ver: 0\\.1\\n-?\\d+ util line 137\\n$").match(text).hasMatch()) << text.toStdString();
+    EXPECT_TRUE(QRegularExpression("^-?\\d+ ver: 0\\.1\\n-?\\d+ util line 137\\n$").match(text).hasMatch())
+        << text.toStdString();
 }

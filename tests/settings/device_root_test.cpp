@@ -12,12 +12,13 @@ TEST(DeviceRoot, MapsSystemPathsIntoTheRoot) {
         {"\\windows\\Infend.wav", "/srv/device/windows/Infend.wav"},
         {"\\POI", "/srv/device/POI"},
         {"My Documents\\MNPosition.txt", "/srv/device/My Documents/MNPosition.txt"},
-        {"\\..\\..\\etc\\passwd", "/srv/device/etc/passwd"}, // never leaves the root
+        {"\\..\\..\\etc\\passwd", "/srv/device/etc/passwd"},      // never leaves the root
         {"/srv/device/Tarvik/x.ini", "/srv/device/Tarvik/x.ini"}, // already inside the root
         {"/tmp/picked.nmea", "/tmp/picked.nmea"},                 // a host file the user picked
         {"\\", "/srv/device"},
     };
-    for (const auto& c : cases) EXPECT_EQ(root.hostPath(c.system), c.host) << c.system;
+    for (const auto& c : cases)
+        EXPECT_EQ(root.hostPath(c.system), c.host) << c.system;
     EXPECT_EQ(root.programFolder(), "/srv/device/Tarvik");
     EXPECT_EQ(root.registryFile(), "/srv/device/registry.db");
 }

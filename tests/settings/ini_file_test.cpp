@@ -7,7 +7,8 @@ namespace {
 
 QByteArray utf16le(const QString& text) {
     QByteArray bytes;
-    for (QChar c : text) bytes += char(c.unicode() & 0xFF) + QByteArray(1, char(c.unicode() >> 8));
+    for (QChar c : text)
+        bytes += char(c.unicode() & 0xFF) + QByteArray(1, char(c.unicode() >> 8));
     return bytes;
 }
 
@@ -20,8 +21,9 @@ CIniFile iniOf(const QByteArray& text) {
 } // namespace
 
 TEST(IniFile, ReaderRules) {
-    const QByteArray text = "top = 0\n[Global]\nbgcolor=Color(1,2,3)\nx = 1\nx = 2\n  spaced   =   v w  \n"
-                            "; c = 3\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nd = 48,13548\n[Other]\nx = 9\n";
+    const QByteArray text =
+        "top = 0\n[Global]\nbgcolor=Color(1,2,3)\nx = 1\nx = 2\n  spaced   =   v w  \n"
+        "; c = 3\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nd = 48,13548\n[Other]\nx = 9\n";
     CIniFile ini = iniOf(text);
     const struct {
         const char* legend;
@@ -58,8 +60,9 @@ TEST(IniFile, TheEmptySectionStartsOnTheSecondLine) {
 }
 
 TEST(IniFile, TypedReaders) {
-    CIniFile ini = iniOf("[G]\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nflag0 = 0\nd = 48,13548\nc = Color(9)\n"
-                         "b = 257\nm = a\xEF\xBF\xA7|b\nl = a\"b\"c\nl2 = a\"b\"\n");
+    CIniFile ini =
+        iniOf("[G]\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nflag0 = 0\nd = 48,13548\nc = Color(9)\n"
+              "b = 257\nm = a\xEF\xBF\xA7|b\nl = a\"b\"c\nl2 = a\"b\"\n");
     const struct {
         const char* key;
         bool expected;
@@ -143,7 +146,8 @@ TEST(IniFile, NextKeyWalksASection) {
     CIniFile ini = iniOf("[S]\nalpha = 1\nbeta = 2\n[T]\n");
     QString key;
     QStringList keys;
-    while (ini.NextKey("S", key)) keys << key;
+    while (ini.NextKey("S", key))
+        keys << key;
     EXPECT_EQ(keys, (QStringList{"alpha", "beta"}));
     EXPECT_EQ(key, "beta"); // unchanged at the end
     EXPECT_FALSE(ini.NextKey("missing", key));
@@ -161,9 +165,15 @@ TEST(IniFile, DecodesEveryEncodingItMeets) {
         const char* legend;
         QByteArray bytes;
     } cases[] = {
-        {"UTF-8", "[S]\nStra\xC3\x9F" "e = M\xC3\xBC" "nchen\n"},
-        {"UTF-8 with BOM", "\xEF\xBB\xBF[S]\nStra\xC3\x9F" "e = M\xC3\xBC" "nchen\n"},
-        {"Windows-1252", "[S]\r\nStra\xDF" "e = M\xFC" "nchen\r\n"},
+        {"UTF-8", "[S]\nStra\xC3\x9F"
+                  "e = M\xC3\xBC"
+                  "nchen\n"},
+        {"UTF-8 with BOM", "\xEF\xBB\xBF[S]\nStra\xC3\x9F"
+                           "e = M\xC3\xBC"
+                           "nchen\n"},
+        {"Windows-1252", "[S]\r\nStra\xDF"
+                         "e = M\xFC"
+                         "nchen\r\n"},
         {"UTF-16 LE with BOM", "\xFF\xFE" + utf16le(QStringLiteral("[S]\r\nStraße = München\r\n"))},
         {"UTF-16 LE without BOM", utf16le(QStringLiteral("[S]\nStraße = München\n"))},
     };
@@ -173,7 +183,8 @@ TEST(IniFile, DecodesEveryEncodingItMeets) {
         EXPECT_EQ(ini.Lines()[1], expected) << c.legend;
     }
     QByteArray be("\xFE\xFF");
-    for (QChar ch : QStringLiteral("[S]\nk = ü\n")) be += QByteArray(1, char(ch.unicode() >> 8)) + char(ch.unicode() & 0xFF);
+    for (QChar ch : QStringLiteral("[S]\nk = ü\n"))
+        be += QByteArray(1, char(ch.unicode() >> 8)) + char(ch.unicode() & 0xFF);
     CIniFile ini = iniOf(be);
     QString value;
     EXPECT_TRUE(ini.ReadString("S", "k", value));

@@ -66,15 +66,21 @@ TEST(RegFile, RejectsWhatItDoesNotUnderstandAndAppliesNothing) {
         const char* error;
     } cases[] = {
         {"no header", "[HKCU\\A]\n", "line 1: not a registry file"},
-        {"unknown root", "Windows Registry Editor Version 5.00\n[HKEY_USERS\\A]\n", "line 2: unknown registry root"},
-        {"value before key", "Windows Registry Editor Version 5.00\n\"a\"=dword:1\n", "line 2: value outside a key"},
-        {"unsupported type", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=hex(7):00\n", "line 3: unsupported"},
-        {"bad dword", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=dword:xyz\n", "line 3: a dword"},
-        {"open string", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=\"abc\n", "line 3: unterminated"},
+        {"unknown root", "Windows Registry Editor Version 5.00\n[HKEY_USERS\\A]\n",
+         "line 2: unknown registry root"},
+        {"value before key", "Windows Registry Editor Version 5.00\n\"a\"=dword:1\n",
+         "line 2: value outside a key"},
+        {"unsupported type", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=hex(7):00\n",
+         "line 3: unsupported"},
+        {"bad dword", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=dword:xyz\n",
+         "line 3: a dword"},
+        {"open string", "Windows Registry Editor Version 5.00\n[HKCU\\A]\n\"a\"=\"abc\n",
+         "line 3: unterminated"},
     };
     for (const auto& c : cases) {
         const RegFile::Parsed parsed = RegFile::parse(c.text);
-        EXPECT_TRUE(parsed.error.startsWith(QLatin1String(c.error))) << c.legend << ": " << parsed.error.toStdString();
+        EXPECT_TRUE(parsed.error.startsWith(QLatin1String(c.error)))
+            << c.legend << ": " << parsed.error.toStdString();
         EXPECT_TRUE(parsed.keys.isEmpty()) << c.legend;
     }
 }

@@ -20,7 +20,8 @@ pid_t forkWriter(const std::function<void()>& body) {
         body();
         const char done = 1;
         (void)!write(ready[1], &done, 1);
-        for (;;) pause();
+        for (;;)
+            pause();
     }
     close(ready[1]);
     char done = 0;
@@ -64,7 +65,8 @@ TEST(RegistryHive, TwoProcessesWritingAtOnceLoseNothing) {
             RegistryHive::setCurrent(std::make_shared<RegistryHive>(file));
             CRegistryKey key;
             bool ok = true;
-            for (int i = 0; i < kWrites; ++i) ok = key.WriteDword(QStringLiteral("w%1_%2").arg(c).arg(i), i) && ok;
+            for (int i = 0; i < kWrites; ++i)
+                ok = key.WriteDword(QStringLiteral("w%1_%2").arg(c).arg(i), i) && ok;
             _exit(ok ? 0 : 1);
         }
     }
@@ -76,7 +78,8 @@ TEST(RegistryHive, TwoProcessesWritingAtOnceLoseNothing) {
     RegistryHive::setCurrent(std::make_shared<RegistryHive>(file));
     CRegistryKey key;
     for (int c = 0; c < 2; ++c)
-        for (int i = 0; i < kWrites; ++i) EXPECT_EQ(key.GetDword(QStringLiteral("w%1_%2").arg(c).arg(i), 9999), uint32_t(i));
+        for (int i = 0; i < kWrites; ++i)
+            EXPECT_EQ(key.GetDword(QStringLiteral("w%1_%2").arg(c).arg(i), 9999), uint32_t(i));
     RegistryHive::setCurrent(nullptr);
 }
 

@@ -107,7 +107,8 @@ TEST(RegistryKey, EnumerationAndTreeDeletion) {
     CRegistryKey walker("A");
     QStringList names;
     QString name;
-    for (int index = 0; walker.EnumValue(index, name);) names << name;
+    for (int index = 0; walker.EnumValue(index, name);)
+        names << name;
     EXPECT_EQ(names, (QStringList{"one", "two"}));
     EXPECT_TRUE(walker.DeleteValue("ONE"));
     EXPECT_FALSE(walker.DeleteValue("one"));

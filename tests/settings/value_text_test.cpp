@@ -7,11 +7,17 @@ TEST(ValueText, WtolTakesLeadingDigitsOnly) {
         const char16_t* text;
         int32_t expected;
     } cases[] = {
-        {u"42", 42},          {u"  -7x", -7},  {u"+3", 3},           {u"abc", 0},
-        {u"", 0},             {u"1.9", 1},     {u"99999999999", INT32_MAX}, // saturates
+        {u"42", 42},
+        {u"  -7x", -7},
+        {u"+3", 3},
+        {u"abc", 0},
+        {u"", 0},
+        {u"1.9", 1},
+        {u"99999999999", INT32_MAX}, // saturates
         {u"-99999999999", INT32_MIN},
     };
-    for (const auto& c : cases) EXPECT_EQ(ValueText::wtol(c.text), c.expected) << QString::fromUtf16(c.text).toStdString();
+    for (const auto& c : cases)
+        EXPECT_EQ(ValueText::wtol(c.text), c.expected) << QString::fromUtf16(c.text).toStdString();
 }
 
 TEST(ValueText, WcstodReadsTheLeadingNumberWhateverTheLocale) {
@@ -22,7 +28,8 @@ TEST(ValueText, WcstodReadsTheLeadingNumberWhateverTheLocale) {
         {u"48.13548", 48.13548}, {u"48,13548", 48.0}, // a comma ends the number
         {u" -1.5e2x", -150.0},   {u"0x10", 16.0},     {u"abc", 0.0}, {u"", 0.0}, {u"+.5", 0.5},
     };
-    for (const auto& c : cases) EXPECT_DOUBLE_EQ(ValueText::wcstod(c.text), c.expected);
+    for (const auto& c : cases)
+        EXPECT_DOUBLE_EQ(ValueText::wcstod(c.text), c.expected);
 }
 
 TEST(ValueText, StructuredFormsScanLikeSwscanf) {

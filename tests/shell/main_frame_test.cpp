@@ -1,9 +1,9 @@
+#include "TestApplication.h"
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/settings/CRegistryKey.h"
 #include "shell/ui/CPageView.h"
 #include "support/TestRoot.h"
-#include "TestApplication.h"
 
 #include <QFile>
 #include <QSignalSpy>
@@ -14,7 +14,8 @@ namespace {
 void writeUserPage(const TestRoot& root, const QString& file, const QString& name) {
     QFile out(root.root().programFolder() + '/' + file);
     ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(name.isEmpty() ? QByteArray("[Global]\nColor = 1\n") : ("[Global]\nName = " + name.toUtf8() + "\n"));
+    out.write(name.isEmpty() ? QByteArray("[Global]\nColor = 1\n")
+                             : ("[Global]\nName = " + name.toUtf8() + "\n"));
 }
 
 QString currentView() {
@@ -33,11 +34,10 @@ TEST(MainFrame, SelectsPagesByName) {
         const char* name;
         uint16_t command;
     } cases[] = {
-        {"Kartenanzeige3", 0x8063},
-        {"Höhenansicht", 0x801A},
-        {"Meine Seite", 0x8034},                 // the first user page slot
-        {"Verschwundene Seite", 0x8007},         // unknown: the data source page
-        {"Info über Tarvik", 0x8007},            // a command, not a page
+        {"Kartenanzeige3", 0x8063},      {"Höhenansicht", 0x801A},
+        {"Meine Seite", 0x8034},         // the first user page slot
+        {"Verschwundene Seite", 0x8007}, // unknown: the data source page
+        {"Info über Tarvik", 0x8007},    // a command, not a page
     };
     CMainFrame frame{PageFactory()};
     for (const auto& c : cases) {
@@ -68,10 +68,12 @@ TEST(MainFrame, CommandBarFollowsThePageShown) {
         QList<uint16_t> buttons;
     } cases[] = {
         {"speed page", 0x8008, {0x8061, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x804F}},
-        {"map page 3: no map button, extended bar", 0x8063,
+        {"map page 3: no map button, extended bar",
+         0x8063,
          {0x8008, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x806F}},
         {"first map page", 0x8061, {0x8008, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x806F}},
-        {"satellites: no satellites button", 0x8056,
+        {"satellites: no satellites button",
+         0x8056,
          {0x8008, 0x8061, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x804F}},
     };
     for (const auto& c : cases) {
@@ -83,7 +85,9 @@ TEST(MainFrame, CommandBarFollowsThePageShown) {
 TEST(MainFrame, TakesTwentyUserPagesAtMost) {
     ensureApplication();
     TestRoot root;
-    for (int i = 0; i < 21; ++i) writeUserPage(root, QStringLiteral("p%1.ini").arg(i, 2, 10, QChar('0')), QStringLiteral("Seite %1").arg(i));
+    for (int i = 0; i < 21; ++i)
+        writeUserPage(root, QStringLiteral("p%1.ini").arg(i, 2, 10, QChar('0')),
+                      QStringLiteral("Seite %1").arg(i));
     writeUserPage(root, "00-nameless.ini", QString()); // skipped: no "Name" in "[Global]"
     CMainFrame frame{PageFactory()};
     const QStringList names = frame.PageNames();
@@ -103,8 +107,10 @@ TEST(MainFrame, MemoryPressureKeepsTheShownPageAndDeletesTheOthers) {
     ASSERT_NE(frame.ExistingPage(0x8061), nullptr);
     ASSERT_NE(frame.ExistingPage(0x8015), nullptr); // made with the frame
     QSignalSpy closing(&frame, &CMainFrame::closing);
-    for (int i = 0; i < 3; ++i) frame.OnHibernate();
-    for (int i = 0; i < 10; ++i) frame.OnSystemClose();
+    for (int i = 0; i < 3; ++i)
+        frame.OnHibernate();
+    for (int i = 0; i < 10; ++i)
+        frame.OnSystemClose();
     EXPECT_EQ(closing.count(), 0); // ten close requests only free memory
     EXPECT_EQ(frame.ExistingPage(0x8061), nullptr);
     EXPECT_EQ(frame.ExistingPage(0x8015), nullptr);

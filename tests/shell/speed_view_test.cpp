@@ -1,10 +1,10 @@
+#include "TestApplication.h"
 #include "gps/CFendixDoc.h"
 #include "gps/sources/SourceTable.h"
 #include "gps/ui/CSpeedView.h"
 #include "platform/DeviceClock.h"
 #include "shell/ui/FittedLabel.h"
 #include "support/TestRoot.h"
-#include "TestApplication.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,8 @@ namespace {
 
 QStringList shownTexts(const QWidget& page) {
     QStringList texts;
-    for (const FittedLabel* label : page.findChildren<FittedLabel*>()) texts << label->text();
+    for (const FittedLabel* label : page.findChildren<FittedLabel*>())
+        texts << label->text();
     return texts;
 }
 
@@ -32,9 +33,21 @@ TEST(SpeedView, ShowsTheDocumentState) {
         int64_t localTime;
         QStringList expected;
     } cases[] = {
-        {"fix with speed", 1, 87.26f, 7, 1, 9 * 3600 + 31 * 60 + 7, {"GPS!", "87.3", "GPS7", " 9:31:07", "0.00", "(0.00"}},
+        {"fix with speed",
+         1,
+         87.26f,
+         7,
+         1,
+         9 * 3600 + 31 * 60 + 7,
+         {"GPS!", "87.3", "GPS7", " 9:31:07", "0.00", "(0.00"}},
         {"no fix", 0, 0.0f, 0, 1, 23 * 3600 + 5, {"GPS ?", "0.0", "GPS0", "23:00:05"}},
-        {"navigation program", 1, 12.0f, 3, SourceTable::kMobileNavigator, 0, {"MN Daten", "12.0", " 0:00:00"}},
+        {"navigation program",
+         1,
+         12.0f,
+         3,
+         SourceTable::kMobileNavigator,
+         0,
+         {"MN Daten", "12.0", " 0:00:00"}},
     };
     CSpeedView view(doc);
     for (const auto& c : cases) {
@@ -46,6 +59,7 @@ TEST(SpeedView, ShowsTheDocumentState) {
         fix.m_tFixTime = 1715679067 - (1715679067 % 86400) + c.localTime;
         view.OnUpdate(0);
         const QStringList texts = shownTexts(view);
-        for (const QString& expected : c.expected) EXPECT_TRUE(texts.contains(expected)) << c.legend << ": " << expected.toStdString();
+        for (const QString& expected : c.expected)
+            EXPECT_TRUE(texts.contains(expected)) << c.legend << ": " << expected.toStdString();
     }
 }

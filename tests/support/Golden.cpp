@@ -11,8 +11,8 @@ void expectMatchesGolden(const QString& expectedFile, const QByteArray& actual) 
         return;
     }
     QFile in(expectedFile);
-    ASSERT_TRUE(in.open(QIODevice::ReadOnly)) << "missing expected file " << expectedFile.toStdString()
-                                              << " (TARVIK_REGOLD=1 writes it)";
+    ASSERT_TRUE(in.open(QIODevice::ReadOnly))
+        << "missing expected file " << expectedFile.toStdString() << " (TARVIK_REGOLD=1 writes it)";
     const QByteArray expected = in.readAll();
     if (expected == actual) return;
     const QList<QByteArray> want = expected.split('\n');

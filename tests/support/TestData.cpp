@@ -2,7 +2,9 @@
 
 #include <QDir>
 
-QString testDataDir() { return QStringLiteral(TARVIK_SOURCE_DIR "/tests/data"); }
+QString testDataDir() {
+    return QStringLiteral(TARVIK_SOURCE_DIR "/tests/data");
+}
 
 std::optional<QString> sharedDataDir() {
     const QString dir = QDir::cleanPath(QStringLiteral(TARVIK_SOURCE_DIR "/../shared/data"));

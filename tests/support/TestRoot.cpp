@@ -7,4 +7,6 @@ TestRoot::TestRoot() : m_root(m_dir.path()) {
     RegistryHive::setCurrent(m_hive);
 }
 
-TestRoot::~TestRoot() { RegistryHive::setCurrent(nullptr); }
+TestRoot::~TestRoot() {
+    RegistryHive::setCurrent(nullptr);
+}

@@ -31,7 +31,6 @@ inline constexpr GpsSetting<uint8_t> kDynaSound{"DynaSound", 0, false};       //
 inline constexpr GpsSetting<int32_t> kWaveVolume{"WaveVolume", -1, false};
 } // namespace SoundSettings
 
-
 // The volume settings as read at once.
 struct VolumeSettings {
     bool m_bSpeedVol = SoundSettings::kSpeedVol.defaultValue;

@@ -21,8 +21,8 @@ namespace {
 
 const QStringList kBaudRates = {"4800", "9600", "19200", "38400", "57600", "115200"};
 // "LogDelay" choices: seconds between two logged sentences of a type.
-const QList<std::pair<const char*, int>> kLogDelays = {{"immer", 0},  {"5", 5},     {"10", 10},   {"30", 30},
-                                                       {"60", 60},    {"300", 300}, {"600", 600}, {"nichts", -1}};
+const QList<std::pair<const char*, int>> kLogDelays = {
+    {"immer", 0}, {"5", 5}, {"10", 10}, {"30", 30}, {"60", 60}, {"300", 300}, {"600", 600}, {"nichts", -1}};
 const QStringList kSentences = {"$GPGGA", "$GPRMC", "$GPGSA", "$GPGSV", "$GPVTG", "$GPGLL"};
 constexpr int kRawLines = 200;
 
@@ -59,12 +59,14 @@ QWidget* CSourceSettingsPage::BuildForm() {
     auto* layout = new QFormLayout(form);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_pSource = new QComboBox(form);
-    for (int i = 0; i < SourceTable::kCount; ++i) m_pSource->addItem(SourceTable::name(i), i);
+    for (int i = 0; i < SourceTable::kCount; ++i)
+        m_pSource->addItem(SourceTable::name(i), i);
     connect(m_pSource, &QComboBox::currentIndexChanged, this, &CSourceSettingsPage::ShowDeviceOfSelectedPort);
     m_pDevice = new QLineEdit(form);
     m_pGpsdHost = new QLineEdit(form);
     m_pTcpHost = new QLineEdit(form);
-    m_pAcceptAllTalkers = new QCheckBox(QStringLiteral("Alle Talker ($GN, $GL, $GA, $GB) als $GP lesen"), form);
+    m_pAcceptAllTalkers =
+        new QCheckBox(QStringLiteral("Alle Talker ($GN, $GL, $GA, $GB) als $GP lesen"), form);
     m_pSpeed = new QComboBox(form);
     m_pSpeed->setEditable(true);
     m_pSpeed->addItems(kBaudRates);
@@ -76,7 +78,8 @@ QWidget* CSourceSettingsPage::BuildForm() {
     fileRow->addWidget(browse);
     m_pSimulationSpeed = spinBox(1, 1000, QStringLiteral(" x"), form);
     m_pLogDelay = new QComboBox(form);
-    for (const auto& [text, seconds] : kLogDelays) m_pLogDelay->addItem(QString::fromUtf8(text), seconds);
+    for (const auto& [text, seconds] : kLogDelays)
+        m_pLogDelay->addItem(QString::fromUtf8(text), seconds);
     auto* types = new QHBoxLayout;
     for (const QString& sentence : kSentences) {
         auto* box = new QCheckBox(sentence.mid(3), form);
@@ -121,7 +124,8 @@ void CSourceSettingsPage::Load() {
     const int delayIndex = m_pLogDelay->findData(readSetting(key, RecordingSettings::kLogDelay));
     m_pLogDelay->setCurrentIndex(delayIndex >= 0 ? delayIndex : m_pLogDelay->findData(10));
     const QStringList logged = readSetting(key, RecordingSettings::kLogType).split(',');
-    for (QCheckBox* box : m_logTypes) box->setChecked(box == m_logTypes.first() || logged.contains(box->property("sentence").toString()));
+    for (QCheckBox* box : m_logTypes)
+        box->setChecked(box == m_logTypes.first() || logged.contains(box->property("sentence").toString()));
     m_pLogDirectory->setText(readSetting(key, RecordingSettings::kLogDirectory));
     m_pDelFilesOlder->setValue(readSetting(key, RecordingSettings::kDelFilesOlder));
     m_pAutoReconnect->setValue(readSetting(key, SourceSettings::kAutoReconnect));
@@ -137,8 +141,9 @@ void CSourceSettingsPage::ShowDeviceOfSelectedPort() {
 }
 
 void CSourceSettingsPage::ChooseFile() {
-    const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("NMEA-Datei"), m_pFile->text(),
-                                                      QStringLiteral("NMEA (*.txt *.nmea *.log);;Alle Dateien (*)"));
+    const QString file =
+        QFileDialog::getOpenFileName(this, QStringLiteral("NMEA-Datei"), m_pFile->text(),
+                                     QStringLiteral("NMEA (*.txt *.nmea *.log);;Alle Dateien (*)"));
     if (!file.isEmpty()) m_pFile->setText(file);
 }
 

@@ -64,11 +64,14 @@ CSpeedView::CSpeedView(const CFendixDoc& doc, QWidget* parent) : CPageView(paren
     grid->setRowStretch(0, 2);
     grid->setRowStretch(1, 8);
     grid->setRowStretch(2, 1);
-    for (int row = 3; row <= 5; ++row) grid->setRowStretch(row, 2);
+    for (int row = 3; row <= 5; ++row)
+        grid->setRowStretch(row, 2);
     OnUpdate(0);
 }
 
-double CSpeedView::TripDistance() const { return m_doc.Statistics().m_dMovingDistance; }
+double CSpeedView::TripDistance() const {
+    return m_doc.Statistics().m_dMovingDistance;
+}
 
 void CSpeedView::OnUpdate(uint16_t) {
     const GpsFix& fix = m_doc.Fix();
@@ -81,8 +84,9 @@ void CSpeedView::OnUpdate(uint16_t) {
     m_pTourDistance->setText(QString::asprintf("(%.02f", stats.m_dTourDistance));
     m_pCounter->setText(QString::asprintf("%.02f", TripDistance() - m_dCounterStart));
     m_pBar->setFraction(stats.m_fMaxSpeed > 0 ? fix.m_fSpeed / stats.m_fMaxSpeed : 0.0);
-    m_pStatus->setText(fix.m_nSource == SourceTable::kMobileNavigator ? QStringLiteral("MN Daten")
-                                                                       : QString::asprintf("GPS%d", fix.m_nSatellites));
+    m_pStatus->setText(fix.m_nSource == SourceTable::kMobileNavigator
+                           ? QStringLiteral("MN Daten")
+                           : QString::asprintf("GPS%d", fix.m_nSatellites));
     const int64_t secondOfDay = ((fix.m_tFixTime % 86400) + 86400) % 86400; // the fix time is local already
     m_pTime->setText(QString::asprintf("%2d:%02d:%02d", int(secondOfDay / 3600), int(secondOfDay / 60 % 60),
                                        int(secondOfDay % 60)));

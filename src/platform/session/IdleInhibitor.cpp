@@ -7,7 +7,8 @@
 namespace {
 
 QDBusInterface screenSaver() {
-    return QDBusInterface(QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("/org/freedesktop/ScreenSaver"),
+    return QDBusInterface(QStringLiteral("org.freedesktop.ScreenSaver"),
+                          QStringLiteral("/org/freedesktop/ScreenSaver"),
                           QStringLiteral("org.freedesktop.ScreenSaver"), QDBusConnection::sessionBus());
 }
 
@@ -16,8 +17,8 @@ QDBusInterface screenSaver() {
 void IdleInhibitor::acquire() {
     if (isHeld() || !QDBusConnection::sessionBus().isConnected()) return;
     QDBusInterface service = screenSaver();
-    const QDBusReply<uint32_t> reply =
-        service.call(QStringLiteral("Inhibit"), QStringLiteral("Tarvik"), QStringLiteral("GPS-Anzeige aktiv"));
+    const QDBusReply<uint32_t> reply = service.call(QStringLiteral("Inhibit"), QStringLiteral("Tarvik"),
+                                                    QStringLiteral("GPS-Anzeige aktiv"));
     if (reply.isValid()) m_nCookie = reply.value();
 }
 

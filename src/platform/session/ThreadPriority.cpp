@@ -13,7 +13,8 @@ bool setCurrentThreadBelowNormal(bool below) {
     if (below) {
         rlimit limit{};
         // Raising back to nice 0 needs RLIMIT_NICE of 20 or more, or privilege.
-        const bool canRaiseAgain = ::geteuid() == 0 || (::getrlimit(RLIMIT_NICE, &limit) == 0 && limit.rlim_cur >= 20);
+        const bool canRaiseAgain =
+            ::geteuid() == 0 || (::getrlimit(RLIMIT_NICE, &limit) == 0 && limit.rlim_cur >= 20);
         return canRaiseAgain && ::setpriority(PRIO_PROCESS, thread, kBelowNormalNice) == 0;
     }
     return ::setpriority(PRIO_PROCESS, thread, 0) == 0;

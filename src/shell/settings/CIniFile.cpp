@@ -12,15 +12,20 @@ namespace {
 constexpr qsizetype kMaxLineChars = 1023;
 constexpr char16_t kCarriageReturnMark = 0xFFE7;
 
-bool isHeader(const QString& line) { return line.size() > 2 && line.startsWith('[') && line.endsWith(']'); }
+bool isHeader(const QString& line) {
+    return line.size() > 2 && line.startsWith('[') && line.endsWith(']');
+}
 
 QString keyOf(const QString& line, qsizetype equals) {
     QString key = line.left(equals);
-    while (!key.isEmpty() && key.back().isSpace()) key.chop(1);
+    while (!key.isEmpty() && key.back().isSpace())
+        key.chop(1);
     return key;
 }
 
-QString entryLine(const QString& key, const QString& value) { return key + QStringLiteral(" = ") + value; }
+QString entryLine(const QString& key, const QString& value) {
+    return key + QStringLiteral(" = ") + value;
+}
 
 // The fourteen fields of a font, in the order they are written.
 template <typename Visitor> void visitFontFields(LogFont& f, Visitor&& visit) {
@@ -67,7 +72,8 @@ void CIniFile::LoadFromBytes(const QByteArray& bytes) {
 
 QByteArray CIniFile::ToBytes() const {
     QByteArray bytes;
-    for (const QString& line : m_lines) bytes += line.toUtf8() + '\n';
+    for (const QString& line : m_lines)
+        bytes += line.toUtf8() + '\n';
     return bytes;
 }
 
@@ -83,7 +89,8 @@ bool CIniFile::Save(const QString& path, bool flush) const {
 int CIniFile::FindSection(const QString& section) const {
     if (section.isEmpty()) return 0;
     for (int i = 0; i < m_lines.size(); ++i)
-        if (isHeader(m_lines[i]) && QStringView(m_lines[i]).sliced(1, m_lines[i].size() - 2) == section) return i;
+        if (isHeader(m_lines[i]) && QStringView(m_lines[i]).sliced(1, m_lines[i].size() - 2) == section)
+            return i;
     return -1;
 }
 
@@ -102,7 +109,8 @@ int CIniFile::FindKey(int startLine, const QString& key, QString& value) const {
         const qsizetype equals = line.indexOf('=');
         if (equals < 0 || keyOf(line, equals).compare(key, Qt::CaseInsensitive) != 0) continue;
         qsizetype start = equals + 1;
-        while (start < line.size() && line[start].isSpace()) ++start;
+        while (start < line.size() && line[start].isSpace())
+            ++start;
         value = line.mid(start);
         return i;
     }
@@ -113,7 +121,8 @@ bool CIniFile::ReadSection(const QString& section, QStringList& lines) const {
     const int header = FindSection(section);
     if (header < 0) return false;
     lines.clear();
-    for (int i = header + 1; i < m_lines.size() && !isHeader(m_lines[i]); ++i) lines << m_lines[i];
+    for (int i = header + 1; i < m_lines.size() && !isHeader(m_lines[i]); ++i)
+        lines << m_lines[i];
     return true;
 }
 
@@ -137,7 +146,8 @@ void CIniFile::DeleteSection(const QString& section) {
     const int header = FindSection(section);
     if (header < 0) return;
     m_lines.removeAt(header);
-    while (header < m_lines.size() && !isHeader(m_lines[header])) m_lines.removeAt(header);
+    while (header < m_lines.size() && !isHeader(m_lines[header]))
+        m_lines.removeAt(header);
 }
 
 bool CIniFile::ReadString(const QString& section, const QString& key, QString& value) const {
@@ -237,8 +247,10 @@ bool CIniFile::ReadFont(const QString& section, const QString& key, LogFont& fon
         QString text;
         if (FindKey(header + 1, key + QLatin1String(suffix), text) < 0) return;
         any = true;
-        if constexpr (std::is_same_v<std::decay_t<decltype(field)>, QString>) field = text;
-        else field = static_cast<std::decay_t<decltype(field)>>(ValueText::wtol(text));
+        if constexpr (std::is_same_v<std::decay_t<decltype(field)>, QString>)
+            field = text;
+        else
+            field = static_cast<std::decay_t<decltype(field)>>(ValueText::wtol(text));
     });
     return any;
 }
@@ -248,8 +260,10 @@ bool CIniFile::WriteString(const QString& section, const QString& key, const QSt
     if (header < 0) return false;
     QString old;
     const int line = FindKey(header + 1, key, old);
-    if (line >= 0) m_lines[line] = entryLine(key, value);
-    else m_lines.insert(header + 1, entryLine(key, value));
+    if (line >= 0)
+        m_lines[line] = entryLine(key, value);
+    else
+        m_lines.insert(header + 1, entryLine(key, value));
     return true;
 }
 
@@ -296,7 +310,8 @@ bool CIniFile::WriteMultiLine(const QString& section, const QString& key, const 
 
 bool CIniFile::WriteStringList(const QString& section, const QString& key, const QStringList& values) {
     QString text;
-    for (const QString& item : values) text += item + '"';
+    for (const QString& item : values)
+        text += item + '"';
     return WriteString(section, key, text);
 }
 
@@ -305,8 +320,10 @@ bool CIniFile::WriteFont(const QString& section, const QString& key, const LogFo
     bool ok = true;
     visitFontFields(copy, [&](const char* suffix, auto& field) {
         const QString name = key + QLatin1String(suffix);
-        if constexpr (std::is_same_v<std::decay_t<decltype(field)>, QString>) ok = WriteString(section, name, field) && ok;
-        else ok = WriteString(section, name, QString::number(field)) && ok;
+        if constexpr (std::is_same_v<std::decay_t<decltype(field)>, QString>)
+            ok = WriteString(section, name, field) && ok;
+        else
+            ok = WriteString(section, name, QString::number(field)) && ok;
     });
     return ok;
 }

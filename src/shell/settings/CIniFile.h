@@ -31,8 +31,8 @@ public:
     void Clear() { m_lines.clear(); }
     const QStringList& Lines() const { return m_lines; }
 
-    int FindSection(const QString& section) const;   // header index, -1; 0 for the empty name
-    int FindOrAddSection(const QString& section);     // -1 for the empty name
+    int FindSection(const QString& section) const; // header index, -1; 0 for the empty name
+    int FindOrAddSection(const QString& section);  // -1 for the empty name
     int FindKey(int startLine, const QString& key, QString& value) const;
     bool ReadSection(const QString& section, QStringList& lines) const;
     bool NextKey(const QString& section, QString& key) const;

@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-
-CRegistryKey::CRegistryKey(const QString& path, RegistryRoot root) : m_hive(RegistryHive::current()), m_root(root) {
+CRegistryKey::CRegistryKey(const QString& path, RegistryRoot root)
+    : m_hive(RegistryHive::current()), m_root(root) {
     m_strPath = path;
     if (!m_hive) return;
     if (const auto key = m_hive->findKey(root, path)) m_nKeyId = *key;
@@ -19,8 +19,12 @@ bool CRegistryKey::Repoint(const QString& path, bool create) {
     return IsOpen();
 }
 
-bool CRegistryKey::OpenForRead(const QString& path) { return Repoint(path, false); }
-bool CRegistryKey::OpenForWrite(const QString& path) { return Repoint(path, true); }
+bool CRegistryKey::OpenForRead(const QString& path) {
+    return Repoint(path, false);
+}
+bool CRegistryKey::OpenForWrite(const QString& path) {
+    return Repoint(path, true);
+}
 
 std::optional<RegistryValue> CRegistryKey::Read(const QString& name, const QString& path) {
     if (!Repoint(path, false)) return std::nullopt;
@@ -34,7 +38,8 @@ bool CRegistryKey::Write(const QString& name, const RegistryValue& value, const 
     return false;
 }
 
-std::optional<QByteArray> CRegistryKey::ReadFixed(const QString& name, uint32_t capacity, const QString& path) {
+std::optional<QByteArray> CRegistryKey::ReadFixed(const QString& name, uint32_t capacity,
+                                                  const QString& path) {
     auto value = Read(name, path);
     if (!value || value->data.size() > qsizetype(capacity)) return std::nullopt;
     return value->data;
@@ -105,9 +110,12 @@ bool CRegistryKey::ReadBinary(const QString& name, void* buffer, uint32_t& lengt
     return true;
 }
 
-uint32_t CRegistryKey::WriteBinary(const QString& name, const void* buffer, uint32_t length, const QString& path) {
+uint32_t CRegistryKey::WriteBinary(const QString& name, const void* buffer, uint32_t length,
+                                   const QString& path) {
     if (!Repoint(path, true)) return kNoKeyStatus;
-    return Write(name, {RegistryType::Binary, QByteArray(static_cast<const char*>(buffer), length)}, path) ? 0 : 1;
+    return Write(name, {RegistryType::Binary, QByteArray(static_cast<const char*>(buffer), length)}, path)
+               ? 0
+               : 1;
 }
 
 bool CRegistryKey::ReadFloat(const QString& name, float& value, const QString& path) {

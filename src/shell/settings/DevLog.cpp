@@ -34,4 +34,6 @@ void DevLog(const char* format, ...) {
     appendEntry(message);
 }
 
-void DevLog() { DevLog("%s line %d", "util", 137); }
+void DevLog() {
+    DevLog("%s line %d", "util", 137);
+}

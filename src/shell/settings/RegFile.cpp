@@ -24,7 +24,8 @@ QString quoted(const QString& text) {
 
 QString hexBytes(const QByteArray& data) {
     QStringList parts;
-    for (const char byte : data) parts << QStringLiteral("%1").arg(uint8_t(byte), 2, 16, QLatin1Char('0'));
+    for (const char byte : data)
+        parts << QStringLiteral("%1").arg(uint8_t(byte), 2, 16, QLatin1Char('0'));
     return parts.join(',');
 }
 
@@ -46,7 +47,8 @@ QString valueText(const RegistryValue& value) {
         }
         return QStringLiteral("hex(1):") + hexBytes(value.data);
     case RegistryType::Dword:
-        if (value.data.size() == 4) return QStringLiteral("dword:%1").arg(value.toDword(), 8, 16, QLatin1Char('0'));
+        if (value.data.size() == 4)
+            return QStringLiteral("dword:%1").arg(value.toDword(), 8, 16, QLatin1Char('0'));
         return QStringLiteral("hex(4):") + hexBytes(value.data);
     case RegistryType::Binary:
         break;
@@ -60,7 +62,9 @@ void exportKey(RegistryHive& hive, const RegistryKeyName& name, QStringList& lin
     lines << QString() << '[' + name.fullName() + ']';
     for (const QString& valueName : hive.valueNames(*key)) {
         const auto value = hive.value(*key, valueName);
-        if (value) lines << (valueName.isEmpty() ? QStringLiteral("@") : quoted(valueName)) + '=' + valueText(*value);
+        if (value)
+            lines << (valueName.isEmpty() ? QStringLiteral("@") : quoted(valueName)) + '=' +
+                         valueText(*value);
     }
     for (const QString& sub : hive.subkeyNames(name.root, name.path))
         exportKey(hive, {name.root, name.path.isEmpty() ? sub : name.path + '\\' + sub}, lines);
@@ -113,8 +117,9 @@ std::optional<RegistryValue> parseData(QStringView data, QString& error) {
         const char16_t* prefix;
         RegistryType type;
     };
-    for (const HexForm form : {HexForm{u"hex:", RegistryType::Binary}, HexForm{u"hex(3):", RegistryType::Binary},
-                               HexForm{u"hex(1):", RegistryType::String}, HexForm{u"hex(4):", RegistryType::Dword}}) {
+    for (const HexForm form :
+         {HexForm{u"hex:", RegistryType::Binary}, HexForm{u"hex(3):", RegistryType::Binary},
+          HexForm{u"hex(1):", RegistryType::String}, HexForm{u"hex(4):", RegistryType::Dword}}) {
         const QStringView prefix(form.prefix);
         if (!data.startsWith(prefix)) continue;
         if (auto bytes = parseHex(data.sliced(prefix.size()))) return RegistryValue{form.type, *bytes};
@@ -128,7 +133,8 @@ std::optional<RegistryValue> parseData(QStringView data, QString& error) {
 // Joins the continuation lines of wrapped hex data (a trailing "\") and drops the line ends.
 QList<std::pair<int, QString>> logicalLines(const QString& text) {
     QList<std::pair<int, QString>> lines;
-    const QStringList physical = QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split('\n');
+    const QStringList physical =
+        QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split('\n');
     for (int i = 0; i < physical.size(); ++i) {
         QString line = physical[i].trimmed();
         const int number = i + 1;
@@ -146,14 +152,16 @@ std::optional<RegistryKeyName> RegistryKeyName::parse(const QString& fullName) {
     for (const RootName& root : kRoots) {
         if (first.compare(QLatin1String(root.longName), Qt::CaseInsensitive) == 0 ||
             first.compare(QLatin1String(root.shortName), Qt::CaseInsensitive) == 0)
-            return RegistryKeyName{root.root, fullName.section('\\', 1).split('\\', Qt::SkipEmptyParts).join('\\')};
+            return RegistryKeyName{root.root,
+                                   fullName.section('\\', 1).split('\\', Qt::SkipEmptyParts).join('\\')};
     }
     return std::nullopt;
 }
 
 QString RegistryKeyName::fullName() const {
     for (const RootName& r : kRoots)
-        if (r.root == root) return path.isEmpty() ? QLatin1String(r.longName) : QLatin1String(r.longName) + '\\' + path;
+        if (r.root == root)
+            return path.isEmpty() ? QLatin1String(r.longName) : QLatin1String(r.longName) + '\\' + path;
     return path;
 }
 
@@ -165,7 +173,8 @@ QByteArray exportHive(RegistryHive& hive, const std::optional<RegistryKeyName>& 
         exportKey(hive, *from, lines);
     } else {
         for (const RootName& root : kRoots)
-            for (const QString& sub : hive.subkeyNames(root.root, {})) exportKey(hive, {root.root, sub}, lines);
+            for (const QString& sub : hive.subkeyNames(root.root, {}))
+                exportKey(hive, {root.root, sub}, lines);
     }
     lines << QString() << QString();
     QStringEncoder encoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
@@ -201,9 +210,12 @@ Parsed parse(const QByteArray& bytes) {
             return fail(number, QStringLiteral("value outside a key"));
         QString name;
         qsizetype pos = 1;
-        if (line.startsWith('"')) pos = readQuoted(line, 0, name);
-        else if (!line.startsWith('@')) return fail(number, QStringLiteral("a value line starts with a quoted name or @"));
-        if (pos < 0 || pos >= line.size() || line[pos] != '=') return fail(number, QStringLiteral("missing \"=\""));
+        if (line.startsWith('"'))
+            pos = readQuoted(line, 0, name);
+        else if (!line.startsWith('@'))
+            return fail(number, QStringLiteral("a value line starts with a quoted name or @"));
+        if (pos < 0 || pos >= line.size() || line[pos] != '=')
+            return fail(number, QStringLiteral("missing \"=\""));
         const QStringView data = QStringView(line).sliced(pos + 1).trimmed();
         if (data == u"-") {
             parsed.keys.last().values << ValueChange{name, std::nullopt};
@@ -228,8 +240,10 @@ bool apply(RegistryHive& hive, const Parsed& parsed) {
         const auto key = hive.createKey(change.key.root, change.key.path);
         if (!key) return false;
         for (const ValueChange& value : change.values) {
-            if (value.value) ok = hive.setValue(*key, value.name, *value.value) && ok;
-            else hive.deleteValue(*key, value.name); // deleting a value that is not there is no error
+            if (value.value)
+                ok = hive.setValue(*key, value.name, *value.value) && ok;
+            else
+                hive.deleteValue(*key, value.name); // deleting a value that is not there is no error
         }
     }
     return ok;

@@ -21,7 +21,7 @@ struct RegistryKeyName {
 namespace RegFile {
 
 struct ValueChange {
-    QString name;                      // empty for the key's default value "@"
+    QString name;                       // empty for the key's default value "@"
     std::optional<RegistryValue> value; // none: delete the value ("name"=-)
 };
 

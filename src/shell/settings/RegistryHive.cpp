@@ -78,7 +78,9 @@ struct StatementScope {
     }
 };
 
-bool execAll(sqlite3* db, const char* sql) { return sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
+bool execAll(sqlite3* db, const char* sql) {
+    return sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
 
 } // namespace
 
@@ -89,7 +91,8 @@ RegistryHive::RegistryHive(const QString& file) {
     if (result == OpenResult::Damaged && QFile::exists(file)) {
         const QString aside = file + ".damaged-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
         if (QFile::rename(file, aside)) {
-            for (const char* suffix : {"-wal", "-shm"}) QFile::rename(file + suffix, aside + suffix);
+            for (const char* suffix : {"-wal", "-shm"})
+                QFile::rename(file + suffix, aside + suffix);
             m_strSetAside = aside;
             std::fprintf(stderr, "tarvik: settings file %s is damaged; kept as %s, starting with defaults\n",
                          qPrintable(file), qPrintable(aside));
@@ -102,15 +105,22 @@ RegistryHive::RegistryHive(const QString& file) {
     openFile(QStringLiteral(":memory:"));
 }
 
-RegistryHive::~RegistryHive() { closeDb(); }
+RegistryHive::~RegistryHive() {
+    closeDb();
+}
 
-void RegistryHive::setCurrent(std::shared_ptr<RegistryHive> hive) { currentHive() = std::move(hive); }
+void RegistryHive::setCurrent(std::shared_ptr<RegistryHive> hive) {
+    currentHive() = std::move(hive);
+}
 
-std::shared_ptr<RegistryHive> RegistryHive::current() { return currentHive(); }
+std::shared_ptr<RegistryHive> RegistryHive::current() {
+    return currentHive();
+}
 
 RegistryHive::OpenResult RegistryHive::openFile(const QString& file) {
     const QByteArray name = file.toUtf8();
-    if (sqlite3_open_v2(name.constData(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) != SQLITE_OK)
+    if (sqlite3_open_v2(name.constData(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
+        SQLITE_OK)
         return OpenResult::Unavailable;
     sqlite3_busy_timeout(m_db, 10000);
     // WAL with NORMAL sync: a committed write is in the log file before the call returns, so a killed
@@ -118,7 +128,8 @@ RegistryHive::OpenResult RegistryHive::openFile(const QString& file) {
     // Only a file that SQLite calls damaged is set aside; a locked or unreadable one is left alone.
     const auto failure = [this] {
         const int code = sqlite3_errcode(m_db) & 0xFF;
-        return code == SQLITE_NOTADB || code == SQLITE_CORRUPT ? OpenResult::Damaged : OpenResult::Unavailable;
+        return code == SQLITE_NOTADB || code == SQLITE_CORRUPT ? OpenResult::Damaged
+                                                               : OpenResult::Unavailable;
     };
     if (!execAll(m_db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA foreign_keys=ON;"))
         return failure();
@@ -131,8 +142,8 @@ RegistryHive::OpenResult RegistryHive::openFile(const QString& file) {
     if (!healthy || !execAll(m_db, "BEGIN IMMEDIATE") || !execAll(m_db, kSchema) || !execAll(m_db, "COMMIT"))
         return failure();
     for (int i = 0; i < StatementCount; ++i)
-        if (sqlite3_prepare_v3(m_db, kStatementSql[i], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[i], nullptr) !=
-            SQLITE_OK)
+        if (sqlite3_prepare_v3(m_db, kStatementSql[i], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[i],
+                               nullptr) != SQLITE_OK)
             return failure();
     return OpenResult::Ok;
 }
@@ -146,7 +157,9 @@ void RegistryHive::closeDb() {
     m_db = nullptr;
 }
 
-sqlite3_stmt* RegistryHive::statement(int which) { return m_statements[which]; }
+sqlite3_stmt* RegistryHive::statement(int which) {
+    return m_statements[which];
+}
 
 std::optional<int64_t> RegistryHive::findKey(RegistryRoot root, const QString& path) {
     std::lock_guard lock(m_mutex);
@@ -204,7 +217,8 @@ bool RegistryHive::deleteKey(RegistryRoot root, const QString& path) {
 bool RegistryHive::deleteTree(RegistryRoot root, const QString& path) {
     std::lock_guard lock(m_mutex);
     const QString normal = normalisedPath(path);
-    for (const QString& sub : subkeyNames(root, normal)) deleteTree(root, normal + '\\' + sub);
+    for (const QString& sub : subkeyNames(root, normal))
+        deleteTree(root, normal + '\\' + sub);
     return deleteKey(root, normal);
 }
 
@@ -216,7 +230,8 @@ QStringList RegistryHive::subkeyNames(RegistryRoot root, const QString& path) {
     StatementScope scope{st};
     sqlite3_bind_int(st, 1, int(root));
     bindText(st, 2, normalisedPath(path).toLower());
-    while (sqlite3_step(st) == SQLITE_ROW) names << columnText(st, 0).section('\\', -1);
+    while (sqlite3_step(st) == SQLITE_ROW)
+        names << columnText(st, 0).section('\\', -1);
     return names;
 }
 
@@ -230,7 +245,8 @@ std::optional<RegistryValue> RegistryHive::value(int64_t key, const QString& nam
     if (sqlite3_step(st) != SQLITE_ROW) return std::nullopt;
     RegistryValue result;
     result.type = static_cast<RegistryType>(sqlite3_column_int(st, 0));
-    result.data = QByteArray(static_cast<const char*>(sqlite3_column_blob(st, 1)), sqlite3_column_bytes(st, 1));
+    result.data =
+        QByteArray(static_cast<const char*>(sqlite3_column_blob(st, 1)), sqlite3_column_bytes(st, 1));
     return result;
 }
 
@@ -275,6 +291,7 @@ QStringList RegistryHive::valueNames(int64_t key) {
     if (!st) return names;
     StatementScope scope{st};
     sqlite3_bind_int64(st, 1, key);
-    while (sqlite3_step(st) == SQLITE_ROW) names << columnText(st, 0);
+    while (sqlite3_step(st) == SQLITE_ROW)
+        names << columnText(st, 0);
     return names;
 }

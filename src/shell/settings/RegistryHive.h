@@ -15,7 +15,6 @@ struct sqlite3_stmt;
 
 enum class RegistryRoot : int { CurrentUser = 1, LocalMachine = 2 };
 
-
 // The registry as one SQLite file: a tree of keys per root, each with typed named values.
 // Key paths and value names compare without regard to case and keep the case they were created
 // with. Every write is committed before it returns (WAL, so it survives the process being killed),
@@ -41,7 +40,7 @@ public:
     // the empty path is the root itself.
     std::optional<int64_t> findKey(RegistryRoot root, const QString& path);
     std::optional<int64_t> createKey(RegistryRoot root, const QString& path); // with missing parents
-    bool deleteKey(RegistryRoot root, const QString& path); // fails while it has subkeys
+    bool deleteKey(RegistryRoot root, const QString& path);                   // fails while it has subkeys
     // Deletes the subkeys that can be deleted, then the key; the result is that of the key itself.
     bool deleteTree(RegistryRoot root, const QString& path);
     QStringList subkeyNames(RegistryRoot root, const QString& path);

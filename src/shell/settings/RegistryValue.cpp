@@ -5,7 +5,8 @@
 
 RegistryValue RegistryValue::fromString(const QString& text) {
     QByteArray data((text.size() + 1) * 2, '\0');
-    for (qsizetype i = 0; i < text.size(); ++i) qToLittleEndian<char16_t>(text[i].unicode(), data.data() + 2 * i);
+    for (qsizetype i = 0; i < text.size(); ++i)
+        qToLittleEndian<char16_t>(text[i].unicode(), data.data() + 2 * i);
     return {RegistryType::String, data};
 }
 

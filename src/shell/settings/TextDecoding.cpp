@@ -50,9 +50,12 @@ bool isValidUtf8(const QByteArray& bytes) {
 } // namespace
 
 QString decodeText(const QByteArray& bytes) {
-    if (bytes.startsWith("\xFF\xFE")) return decodeWith(QStringConverter::Utf16LE, QByteArrayView(bytes).sliced(2));
-    if (bytes.startsWith("\xFE\xFF")) return decodeWith(QStringConverter::Utf16BE, QByteArrayView(bytes).sliced(2));
-    if (bytes.startsWith("\xEF\xBB\xBF")) return decodeWith(QStringConverter::Utf8, QByteArrayView(bytes).sliced(3));
+    if (bytes.startsWith("\xFF\xFE"))
+        return decodeWith(QStringConverter::Utf16LE, QByteArrayView(bytes).sliced(2));
+    if (bytes.startsWith("\xFE\xFF"))
+        return decodeWith(QStringConverter::Utf16BE, QByteArrayView(bytes).sliced(2));
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        return decodeWith(QStringConverter::Utf8, QByteArrayView(bytes).sliced(3));
     if (const auto utf16 = guessUtf16(bytes)) return decodeWith(*utf16, bytes);
     return isValidUtf8(bytes) ? QString::fromUtf8(bytes) : fromCp1252(bytes);
 }

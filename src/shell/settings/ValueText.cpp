@@ -13,7 +13,8 @@ bool isCSpace(QChar c) {
 }
 
 qsizetype skipSpace(QStringView text, qsizetype pos) {
-    while (pos < text.size() && isCSpace(text[pos])) ++pos;
+    while (pos < text.size() && isCSpace(text[pos]))
+        ++pos;
     return pos;
 }
 
@@ -31,7 +32,7 @@ qsizetype scanInt(QStringView text, qsizetype pos, int32_t& value) {
     if (pos == digitsStart) return -1;
     const int64_t signedValue = negative ? -magnitude : magnitude;
     value = static_cast<int32_t>(std::clamp<int64_t>(signedValue, std::numeric_limits<int32_t>::min(),
-                                                      std::numeric_limits<int32_t>::max()));
+                                                     std::numeric_limits<int32_t>::max()));
     return pos;
 }
 
@@ -66,7 +67,9 @@ double wcstod(QStringView text) {
     return negative ? -value : value;
 }
 
-QString formatF(double value) { return QString::number(value, 'f', 6); }
+QString formatF(double value) {
+    return QString::number(value, 'f', 6);
+}
 
 int scanInts(QStringView text, QStringView format, int32_t* out, int maxCount) {
     qsizetype pos = 0;
@@ -99,7 +102,9 @@ Rect parseRect(QStringView text) {
     return {v[0], v[1], v[2], v[3]};
 }
 
-QString formatPoint(const Point& p) { return QStringLiteral("POINT(%1,%2)").arg(p.x).arg(p.y); }
+QString formatPoint(const Point& p) {
+    return QStringLiteral("POINT(%1,%2)").arg(p.x).arg(p.y);
+}
 
 Point parsePoint(QStringView text) {
     int32_t v[2] = {0, 0};
@@ -107,7 +112,9 @@ Point parsePoint(QStringView text) {
     return {v[0], v[1]};
 }
 
-QString formatSize(const Size& s) { return QStringLiteral("SIZE(%1,%2)").arg(s.cx).arg(s.cy); }
+QString formatSize(const Size& s) {
+    return QStringLiteral("SIZE(%1,%2)").arg(s.cx).arg(s.cy);
+}
 
 Size parseSize(QStringView text) {
     int32_t v[2] = {0, 0};
@@ -128,14 +135,16 @@ int parseColour(QStringView text, Colour& colour) {
 
 QString formatIntList(const QList<int32_t>& values) {
     QStringList parts;
-    for (int32_t v : values) parts << QString::number(v);
+    for (int32_t v : values)
+        parts << QString::number(v);
     return parts.join(',');
 }
 
 QList<int32_t> parseIntList(QStringView text) {
     QList<int32_t> values;
     if (text.isEmpty()) return values;
-    for (QStringView piece : text.split(u',')) values << wtol(piece);
+    for (QStringView piece : text.split(u','))
+        values << wtol(piece);
     return values;
 }
 

@@ -43,13 +43,13 @@ QString formatF(double value);
 // how many numbers were converted before the first mismatch.
 int scanInts(QStringView text, QStringView format, int32_t* out, int maxCount);
 
-QString formatRect(const Rect& rect);   // "RECT(l,t,r,b)"
-Rect parseRect(QStringView text);       // numbers that cannot be scanned are 0
+QString formatRect(const Rect& rect);    // "RECT(l,t,r,b)"
+Rect parseRect(QStringView text);        // numbers that cannot be scanned are 0
 QString formatPoint(const Point& point); // "POINT(x,y)"
 Point parsePoint(QStringView text);
-QString formatSize(const Size& size);    // "SIZE(cx,cy)"
+QString formatSize(const Size& size); // "SIZE(cx,cy)"
 Size parseSize(QStringView text);
-QString formatColour(Colour colour);     // "Color(r,g,b)"
+QString formatColour(Colour colour); // "Color(r,g,b)"
 // Number of components scanned (0..3); the missing ones count as 0 in `colour`.
 int parseColour(QStringView text, Colour& colour);
 
