@@ -26,6 +26,12 @@
 #include <QScreen>
 
 namespace {
+// Targets a finger can hit on a car-mounted touch screen.
+constexpr const char* kTouchStyle =
+    "QLineEdit, QSpinBox, QPushButton { min-height: 34px; }"
+    "QCheckBox { min-height: 34px; }"
+    "QCheckBox::indicator { width: 22px; height: 22px; }"
+    "QScrollBar:vertical { width: 24px; } QScrollBar:horizontal { height: 24px; }";
 // A second memory-pressure report within this time counts as the system asking the program to close.
 constexpr int kPressureBurstMs = 10000;
 } // namespace
@@ -44,6 +50,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSource = std::make_unique<DocumentSource>(*m_pDoc, m_root, m_clock);
     m_pSource->setMessageHandler([this](const QString& text) { ShowSourceMessage(text); });
 
+    qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
     PageFactory pages;
     pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -59,6 +60,7 @@ QWidget* CSourceSettingsPage::BuildForm() {
     auto* layout = new QFormLayout(form);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_pSource = new QComboBox(form);
+    m_pSource->setMinimumHeight(34);
     for (int i = 0; i < SourceTable::kCount; ++i)
         m_pSource->addItem(SourceTable::name(i), i);
     connect(m_pSource, &QComboBox::currentIndexChanged, this, &CSourceSettingsPage::ShowDeviceOfSelectedPort);
@@ -69,6 +71,7 @@ QWidget* CSourceSettingsPage::BuildForm() {
         new QCheckBox(QStringLiteral("Alle Talker ($GN, $GL, $GA, $GB) als $GP lesen"), form);
     m_pSpeed = new QComboBox(form);
     m_pSpeed->setEditable(true);
+    m_pSpeed->setMinimumHeight(34);
     m_pSpeed->addItems(kBaudRates);
     m_pFile = new QLineEdit(form);
     auto* browse = new QPushButton(QStringLiteral("..."), form);
@@ -78,14 +81,15 @@ QWidget* CSourceSettingsPage::BuildForm() {
     fileRow->addWidget(browse);
     m_pSimulationSpeed = spinBox(1, 1000, QStringLiteral(" x"), form);
     m_pLogDelay = new QComboBox(form);
+    m_pLogDelay->setMinimumHeight(34);
     for (const auto& [text, seconds] : kLogDelays)
         m_pLogDelay->addItem(QString::fromUtf8(text), seconds);
-    auto* types = new QHBoxLayout;
+    auto* types = new QGridLayout;
     for (const QString& sentence : kSentences) {
         auto* box = new QCheckBox(sentence.mid(3), form);
         box->setProperty("sentence", sentence);
+        types->addWidget(box, int(m_logTypes.size()) / 3, int(m_logTypes.size()) % 3);
         m_logTypes << box;
-        types->addWidget(box);
     }
     m_logTypes.first()->setEnabled(false); // GGA is always logged
     m_pLogDirectory = new QLineEdit(form);
