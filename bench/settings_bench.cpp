@@ -1,6 +1,6 @@
 // Settings store: a page switch writes "CurrentView" every time, so one value write must stay far
 // below a millisecond; reads happen at every settings load.
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

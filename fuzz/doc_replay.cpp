@@ -3,8 +3,8 @@
 #include "gps/HeadlessReplay.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/RegistryHive.h"
+#include "settings/CRegistryKey.h"
+#include "settings/RegistryHive.h"
 
 #include <QTemporaryDir>
 #include <memory>

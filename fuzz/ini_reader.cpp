@@ -1,5 +1,5 @@
 // Any bytes as a text profile: decoding, line splitting and every reader must hold.
-#include "shell/settings/CIniFile.h"
+#include "settings/CIniFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CIniFile ini;

@@ -1,5 +1,5 @@
 // Any bytes as a .reg file: parsing and applying into an in-memory hive must hold.
-#include "shell/settings/RegFile.h"
+#include "settings/RegFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static RegistryHive hive(QStringLiteral(":memory:"));

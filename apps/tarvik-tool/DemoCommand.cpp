@@ -1,7 +1,7 @@
 #include "Commands.h"
-#include "gps/demo/DemoDrive.h"
-#include "gps/demo/DemoRoot.h"
-#include "gps/demo/DemoSpeedSounds.h"
+#include "demo/DemoDrive.h"
+#include "demo/DemoRoot.h"
+#include "demo/DemoSpeedSounds.h"
 #include "platform/DeviceClock.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "Commands.h"
-#include "shell/settings/CIniFile.h"
+#include "settings/CIniFile.h"
 
 #include <QFile>
 

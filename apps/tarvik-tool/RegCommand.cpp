@@ -1,6 +1,6 @@
 #include "Commands.h"
-#include "shell/settings/RegFile.h"
-#include "shell/settings/RegistryHive.h"
+#include "settings/RegFile.h"
+#include "settings/RegistryHive.h"
 
 #include <QFile>
 #include <QSaveFile>

@@ -3,7 +3,7 @@
 #include "gps/HeadlessReplay.h"
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <QFile>
 #include <charconv>

@@ -5,7 +5,7 @@
 #include "gps/sound/SpeedSoundTable.h"
 #include "gps/sound/VolumeRules.h"
 #include "gps/sources/SourceSettings.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <QFileInfo>
 

@@ -1,5 +1,5 @@
 #include "Commands.h"
-#include "shell/settings/RegistryHive.h"
+#include "settings/RegistryHive.h"
 
 #include <QCoreApplication>
 #include <memory>

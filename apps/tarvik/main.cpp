@@ -1,7 +1,7 @@
-#include "gps/demo/DemoRoot.h"
+#include "demo/DemoRoot.h"
 #include "platform/DeviceRoot.h"
 #include "shell/CFendixApp.h"
-#include "shell/settings/RegistryHive.h"
+#include "settings/RegistryHive.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

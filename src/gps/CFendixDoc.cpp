@@ -2,7 +2,7 @@
 
 #include "gps/GpsSettings.h"
 #include "gps/sources/GpsSourceController.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <string_view>
 

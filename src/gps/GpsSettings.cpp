@@ -2,7 +2,7 @@
 
 #include "gps/GpsFix.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 void loadGpsFixStart(GpsFix& fix, const DeviceClock& clock) {
     CRegistryKey key;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/settings/Setting.h"
+#include "settings/Setting.h"
 
 #include <cstdint>
 

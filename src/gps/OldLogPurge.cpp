@@ -4,8 +4,8 @@
 #include "gps/sources/SourceSettings.h"
 #include "gps/sources/StopEvent.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -5,7 +5,7 @@
 #include "gps/TourStatistics.h"
 #include "gps/TourStore.h"
 #include "nav/GeoSphere.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "gps/RecordingSettings.h"
 #include "gps/TourStatistics.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 namespace {
 

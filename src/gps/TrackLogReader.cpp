@@ -3,7 +3,7 @@
 #include "gps/NmeaSentence.h"
 #include "gps/NmeaTime.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 #include <QFileDevice>
 #include <QIODevice>

@@ -3,8 +3,8 @@
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 
 #include <QDateTime>
 #include <QDir>

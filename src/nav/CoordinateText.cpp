@@ -1,7 +1,7 @@
 #include "nav/CoordinateText.h"
 
 #include "nav/PosFormat.h"
-#include "shell/settings/ValueText.h"
+#include "settings/ValueText.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "nav/NavSettings.h"
 
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 uint32_t ReadNavSetting(const NavDwordSetting& setting) {
     CRegistryKey key;

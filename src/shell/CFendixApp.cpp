@@ -14,11 +14,11 @@
 #include "platform/session/TerminationSignals.h"
 #include "platform/session/ThreadPriority.h"
 #include "shell/CMainFrame.h"
-#include "shell/CSettingsPage.h"
+#include "shell/pages/CSettingsPage.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 
 #include <QApplication>
 #include <QMessageBox>

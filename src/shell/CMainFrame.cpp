@@ -4,8 +4,8 @@
 #include "shell/CommandBarLayout.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 #include "shell/ui/CPageView.h"
 
 #include <QApplication>

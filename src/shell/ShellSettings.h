@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/settings/Setting.h"
+#include "settings/Setting.h"
 
 // The settings of the program window under SOFTWARE\Omvale\Fendix, declared once.
 namespace ShellSettings {

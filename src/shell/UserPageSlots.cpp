@@ -1,6 +1,6 @@
 #include "shell/UserPageSlots.h"
 
-#include "shell/settings/CIniFile.h"
+#include "settings/CIniFile.h"
 
 #include <QDir>
 

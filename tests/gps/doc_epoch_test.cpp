@@ -1,6 +1,6 @@
 #include "gps/CFendixDoc.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QStringList>

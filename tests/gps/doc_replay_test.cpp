@@ -1,4 +1,4 @@
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"

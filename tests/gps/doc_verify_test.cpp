@@ -3,7 +3,7 @@
 #include "gps/TourStatistics.h"
 #include "gps/TourStore.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>

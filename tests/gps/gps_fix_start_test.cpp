@@ -1,7 +1,7 @@
 #include "gps/GpsFix.h"
 #include "gps/GpsSettings.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>

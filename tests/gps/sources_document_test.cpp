@@ -3,7 +3,7 @@
 #include "gps/sources/MNPositionFile.h"
 #include "platform/DeviceClock.h"
 #include "platform/PseudoTerminal.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "sources_support.h"
 #include "support/TestRoot.h"
 

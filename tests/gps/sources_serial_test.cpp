@@ -1,6 +1,6 @@
 #include "gps/sources/GpsSourceController.h"
 #include "platform/PseudoTerminal.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "sources_support.h"
 #include "support/TestRoot.h"
 

@@ -1,6 +1,6 @@
 #include "gps/TrackLogReader.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 

@@ -1,7 +1,7 @@
 #include "gps/OldLogPurge.h"
 #include "gps/sources/StopEvent.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 #include "support/TestRoot.h"
 
 #include <QDir>

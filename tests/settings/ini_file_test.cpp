@@ -1,4 +1,4 @@
-#include "shell/settings/CIniFile.h"
+#include "settings/CIniFile.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

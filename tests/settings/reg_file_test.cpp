@@ -1,5 +1,5 @@
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/RegFile.h"
+#include "settings/CRegistryKey.h"
+#include "settings/RegFile.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>

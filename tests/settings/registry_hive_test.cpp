@@ -1,4 +1,4 @@
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <QFile>
 #include <QTemporaryDir>

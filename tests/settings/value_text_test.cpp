@@ -1,4 +1,4 @@
-#include "shell/settings/ValueText.h"
+#include "settings/ValueText.h"
 
 #include <gtest/gtest.h>
 

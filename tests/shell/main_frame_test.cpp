@@ -1,7 +1,7 @@
 #include "TestApplication.h"
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "shell/ui/CPageView.h"
 #include "support/TestRoot.h"
 

@@ -2,7 +2,7 @@
 #include "gps/CFendixDoc.h"
 #include "gps/sound/SoundController.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QDir>

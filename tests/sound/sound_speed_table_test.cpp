@@ -1,5 +1,5 @@
 #include "gps/sound/SpeedSoundTable.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/DeviceRoot.h"
-#include "shell/settings/RegistryHive.h"
+#include "settings/RegistryHive.h"
 
 #include <QTemporaryDir>
 #include <memory>

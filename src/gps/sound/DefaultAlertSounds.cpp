@@ -3,7 +3,7 @@
 #include "gps/sound/SoundSettings.h"
 #include "platform/DeviceRoot.h"
 #include "platform/ToneSynth.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,7 +3,7 @@
 #include "gps/GpsFix.h"
 #include "platform/NoiseMeter.h"
 #include "platform/SoundOutput.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <algorithm>
 

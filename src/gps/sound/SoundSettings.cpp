@@ -1,6 +1,6 @@
 #include "gps/sound/SoundSettings.h"
 
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 VolumeSettings VolumeSettings::read(CRegistryKey& key) {
     VolumeSettings settings;

@@ -4,7 +4,7 @@
 #include "gps/SyntheticGga.h"
 #include "gps/sources/SourceTable.h"
 #include "platform/DeviceClock.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 #include <algorithm>
 

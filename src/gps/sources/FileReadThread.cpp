@@ -2,7 +2,7 @@
 
 #include "gps/sources/ReplayPacer.h"
 #include "gps/sources/StopEvent.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 #include <cstring>
 

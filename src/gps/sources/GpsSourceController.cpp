@@ -5,8 +5,8 @@
 #include "gps/sources/PortReadThread.h"
 #include "gps/sources/SourceSettings.h"
 #include "gps/sources/SourceTable.h"
-#include "shell/settings/CRegistryKey.h"
-#include "shell/settings/DevLog.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "gps/sources/MNPositionFile.h"
 
 #include "platform/DeviceRoot.h"
-#include "shell/settings/CIniFile.h"
+#include "settings/CIniFile.h"
 
 #include <QFile>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "gps/sources/NetworkReadThread.h"
 
 #include "platform/TcpConnection.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 NetworkReadThread::Server NetworkReadThread::gpsd(const QString& address, bool acceptAllTalkers) {
     return {address,

@@ -1,7 +1,7 @@
 #include "gps/sources/PortReadThread.h"
 
 #include "platform/SerialPort.h"
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 PortReadThread::PortReadThread(const QString& devicePath, int baudRate, bool acceptAllTalkers)
     : m_strDevicePath(devicePath), m_nBaudRate(baudRate),

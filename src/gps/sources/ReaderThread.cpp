@@ -1,6 +1,6 @@
 #include "gps/sources/ReaderThread.h"
 
-#include "shell/settings/DevLog.h"
+#include "settings/DevLog.h"
 
 #include <QCoreApplication>
 

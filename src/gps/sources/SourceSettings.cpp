@@ -1,6 +1,6 @@
 #include "gps/sources/SourceSettings.h"
 
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 QString SourceSettings::portDeviceValueName(int port) {
     return QStringLiteral("COM%1Device").arg(port);

@@ -3,7 +3,7 @@
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
 #include "gps/sources/SourceTable.h"
-#include "shell/settings/CRegistryKey.h"
+#include "settings/CRegistryKey.h"
 
 #include <QCheckBox>
 #include <QComboBox>
