@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "settings/CIniFile.h"
+#include "settings/TextDecoding.h"
 
 #include <QFile>
 
@@ -107,9 +108,17 @@ int runIniCommand(ToolContext& ctx, QStringList args) {
         return ToolContext::kOk;
     }
     if (verb == QLatin1String("set") && pos.size() == 5) {
-        if (QFile::exists(pos[1]) && !ini.Load(pos[1])) return ctx.inputError("cannot read " + pos[1]);
+        if (QFile::exists(pos[1])) {
+            QFile file(pos[1]);
+            if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + pos[1]);
+            const QByteArray bytes = file.readAll();
+            // A binary file would be rewritten as text and lost.
+            if (!isText(bytes)) return ctx.inputError(pos[1] + " is not a text file; left unchanged");
+            ini.LoadFromBytes(bytes);
+        }
         if (!writeAs(ini, kind, pos[2], pos[3], pos[4])) return ctx.inputError("a section name is needed");
-        return ini.Save(pos[1], true) ? ToolContext::kOk : ctx.inputError("cannot write " + pos[1]);
+        return ini.Save(pos[1]) ? ToolContext::kOk
+                                : ctx.inputError("cannot write " + pos[1] + "; the old file is unchanged");
     }
     return ctx.usageError(kUsage);
 }

@@ -10,19 +10,22 @@ struct Noun {
     const char* name;
     const char* summary;
     int (*run)(ToolContext&, QStringList);
+    // Verbs that only read settings, separated by blanks, or "*" for all: for them the settings
+    // file is opened read-only, so reading never creates, repairs or changes it.
+    const char* readingVerbs = "";
 };
 
 // Every capability of Tarvik that makes sense without a screen, one noun each.
 const Noun kNouns[] = {
-    {"reg", "read, write, list, export and import settings (registry)", runRegCommand},
-    {"ini", "read and write text profile values", runIniCommand},
-    {"nmea", "interpret NMEA sentences, build the stand-in $GPGGA", runNmeaCommand},
-    {"track", "read a recorded NMEA log into track points", runTrackCommand},
+    {"reg", "read, write, list, export and import settings (registry)", runRegCommand, "get list export"},
+    {"ini", "read and write text profile values", runIniCommand, "*"},
+    {"nmea", "interpret NMEA sentences, build the stand-in $GPGGA", runNmeaCommand, "*"},
+    {"track", "read a recorded NMEA log into track points", runTrackCommand, "*"},
     {"replay", "run the GPS document over a recorded log: statistics and track log", runReplayCommand},
     {"sound", "speed-sound bands, one volume update, the default alert files", runSoundCommand},
-    {"coord", "write and read coordinates in the position notations", runCoordCommand},
-    {"geo", "great-circle distance, course and destination", runGeoCommand},
-    {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},
+    {"coord", "write and read coordinates in the position notations", runCoordCommand, "*"},
+    {"geo", "great-circle distance, course and destination", runGeoCommand, "*"},
+    {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand, "*"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
@@ -56,7 +59,12 @@ int main(int argc, char* argv[]) {
     for (const Noun& noun : kNouns) {
         if (args.first() != QLatin1String(noun.name)) continue;
         if (!root.ensureExists()) return ctx.inputError("cannot create the device root " + root.hostFolder());
-        RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.registryFile()));
+        const QStringList readingVerbs = QString::fromLatin1(noun.readingVerbs).split(' ');
+        const bool onlyReads =
+            readingVerbs.contains(QStringLiteral("*")) || readingVerbs.contains(args.value(1));
+        RegistryHive::setCurrent(
+            std::make_shared<RegistryHive>(root.registryFile(), onlyReads ? RegistryHive::Access::ReadOnly
+                                                                          : RegistryHive::Access::ReadWrite));
         return noun.run(ctx, args.mid(1));
     }
     ctx.err << "tarvik-tool: unknown noun '" << args.first() << "'\n";

@@ -60,10 +60,14 @@ void CIniFile::LoadFromBytes(const QByteArray& bytes) {
     QString text = decodeText(bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     qsizetype pos = 0;
+    qsizetype lineEnd = 0;
     while (pos < text.size()) {
         // Like a fixed 1024-character line buffer: a chunk ends after "\n" or at 1023 characters.
-        const qsizetype newline = text.indexOf('\n', pos);
-        const qsizetype lineEnd = newline < 0 ? text.size() : newline + 1;
+        // The line end is searched once per line, not once per chunk, so a huge line stays linear.
+        if (lineEnd <= pos) {
+            const qsizetype newline = text.indexOf('\n', pos);
+            lineEnd = newline < 0 ? text.size() : newline + 1;
+        }
         const qsizetype chunkEnd = std::min(lineEnd, pos + kMaxLineChars);
         m_lines << text.mid(pos, chunkEnd - pos).trimmed();
         pos = chunkEnd;
@@ -77,12 +81,14 @@ QByteArray CIniFile::ToBytes() const {
     return bytes;
 }
 
-bool CIniFile::Save(const QString& path, bool flush) const {
+bool CIniFile::Save(const QString& path) const {
+    // A temporary file beside the old one, synced, then renamed over it: the old file stays as it
+    // was until the new one is complete on disk, whatever fails on the way.
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) return false;
-    file.write(ToBytes());
-    if (flush && file.flush()) ::fsync(file.handle());
+    const QByteArray bytes = ToBytes();
+    if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0)
+        return false; // the temporary file is removed, the old one untouched
     return file.commit();
 }
 

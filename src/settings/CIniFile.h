@@ -25,8 +25,8 @@ public:
     // Reads the bytes of a file in any of the encodings decodeText() knows.
     void LoadFromBytes(const QByteArray& bytes);
     // UTF-8 without byte order mark, "\n" after every line. The file is replaced as a whole, so a
-    // failed save leaves the old file intact.
-    bool Save(const QString& path, bool flush = false) const;
+    // failed save (full disk, read-only folder) leaves the old file byte for byte as it was.
+    bool Save(const QString& path) const;
     QByteArray ToBytes() const;
     void Clear() { m_lines.clear(); }
     const QStringList& Lines() const { return m_lines; }

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QUrl>
 #include <cstdio>
 #include <sqlite3.h>
 
@@ -84,9 +85,23 @@ bool execAll(sqlite3* db, const char* sql) {
 
 } // namespace
 
-RegistryHive::RegistryHive(const QString& file) {
-    const OpenResult result = openFile(file);
-    if (result == OpenResult::Ok) return;
+RegistryHive::RegistryHive(const QString& file, Access access) {
+    if (access == Access::ReadOnly) {
+        if (!QFile::exists(file)) {
+            openEmpty();
+        } else if (openForReading(file) != OpenResult::Ok) {
+            closeDb();
+            std::fprintf(stderr, "tarvik: cannot read settings file %s; reading it as empty\n",
+                         qPrintable(file));
+            openEmpty();
+        }
+        return;
+    }
+    OpenResult result = openFile(file);
+    if (result == OpenResult::Ok) {
+        m_bWritable = true;
+        return;
+    }
     closeDb();
     if (result == OpenResult::Damaged && QFile::exists(file)) {
         const QString aside = file + ".damaged-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
@@ -96,13 +111,19 @@ RegistryHive::RegistryHive(const QString& file) {
             m_strSetAside = aside;
             std::fprintf(stderr, "tarvik: settings file %s is damaged; kept as %s, starting with defaults\n",
                          qPrintable(file), qPrintable(aside));
-            if (openFile(file) == OpenResult::Ok) return;
+            if (openFile(file) == OpenResult::Ok) {
+                m_bWritable = true;
+                return;
+            }
             closeDb();
         }
     }
-    std::fprintf(stderr, "tarvik: cannot open settings file %s; settings are kept in memory only\n",
+    // Not writable here: what is stored still reads, and writes fail loudly instead of vanishing.
+    if (QFile::exists(file) && openForReading(file) == OpenResult::Ok) return;
+    closeDb();
+    std::fprintf(stderr, "tarvik: cannot open settings file %s; settings cannot be saved\n",
                  qPrintable(file));
-    openFile(QStringLiteral(":memory:"));
+    openEmpty();
 }
 
 RegistryHive::~RegistryHive() {
@@ -141,11 +162,50 @@ RegistryHive::OpenResult RegistryHive::openFile(const QString& file) {
     if (step == SQLITE_ROW && !healthy) return OpenResult::Damaged;
     if (!healthy || !execAll(m_db, "BEGIN IMMEDIATE") || !execAll(m_db, kSchema) || !execAll(m_db, "COMMIT"))
         return failure();
+    return prepareStatements() ? OpenResult::Ok : failure();
+}
+
+RegistryHive::OpenResult RegistryHive::openForReading(const QString& file) {
+    // A WAL file that cannot get its shared-memory index (read-only folder) still opens with
+    // "immutable", which reads the main file only; tried second, as it misses an unmerged log.
+    for (const char* mode : {"mode=ro", "immutable=1"}) {
+        closeDb();
+        const QByteArray uri = "file:" + QUrl::toPercentEncoding(file, "/") + "?" + mode;
+        if (sqlite3_open_v2(uri.constData(), &m_db, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr) !=
+            SQLITE_OK)
+            continue;
+        sqlite3_busy_timeout(m_db, 10000);
+        if (prepareStatements()) return OpenResult::Ok;
+    }
+    return OpenResult::Unavailable;
+}
+
+void RegistryHive::openEmpty() {
+    closeDb();
+    sqlite3_open_v2(":memory:", &m_db, SQLITE_OPEN_READWRITE, nullptr);
+    execAll(m_db, kSchema);
+    prepareStatements();
+}
+
+bool RegistryHive::prepareStatements() {
     for (int i = 0; i < StatementCount; ++i)
         if (sqlite3_prepare_v3(m_db, kStatementSql[i], -1, SQLITE_PREPARE_PERSISTENT, &m_statements[i],
                                nullptr) != SQLITE_OK)
-            return failure();
-    return OpenResult::Ok;
+            return false;
+    // A read proves the file is a hive; preparing alone does not read it.
+    sqlite3_stmt* st = m_statements[FindKey];
+    StatementScope scope{st};
+    sqlite3_bind_int(st, 1, int(RegistryRoot::CurrentUser));
+    bindText(st, 2, QString());
+    return sqlite3_step(st) == SQLITE_ROW;
+}
+
+bool RegistryHive::writeFailed() {
+    if (!m_bWriteFailureReported && m_onWriteFailure) {
+        m_bWriteFailureReported = true;
+        m_onWriteFailure();
+    }
+    return false;
 }
 
 void RegistryHive::closeDb() {
@@ -174,7 +234,15 @@ std::optional<int64_t> RegistryHive::findKey(RegistryRoot root, const QString& p
 
 std::optional<int64_t> RegistryHive::createKey(RegistryRoot root, const QString& path) {
     std::lock_guard lock(m_mutex);
-    if (!m_db || !execAll(m_db, "BEGIN IMMEDIATE")) return std::nullopt;
+    if (!m_bWritable) {
+        if (const auto existing = findKey(root, path)) return existing;
+        writeFailed();
+        return std::nullopt;
+    }
+    if (!execAll(m_db, "BEGIN IMMEDIATE")) {
+        writeFailed();
+        return std::nullopt;
+    }
     const QStringList parts = normalisedPath(path).split('\\', Qt::SkipEmptyParts);
     QString prefix;
     bool ok = true;
@@ -191,6 +259,7 @@ std::optional<int64_t> RegistryHive::createKey(RegistryRoot root, const QString&
     }
     if (!ok || !execAll(m_db, "COMMIT")) {
         execAll(m_db, "ROLLBACK");
+        writeFailed();
         return std::nullopt;
     }
     return findKey(root, path);
@@ -201,6 +270,7 @@ bool RegistryHive::deleteKey(RegistryRoot root, const QString& path) {
     const QString normal = normalisedPath(path);
     const auto key = findKey(root, normal);
     if (normal.isEmpty() || !key) return false;
+    if (!m_bWritable) return writeFailed();
     {
         sqlite3_stmt* st = statement(HasSubkey);
         StatementScope scope{st};
@@ -211,7 +281,8 @@ bool RegistryHive::deleteKey(RegistryRoot root, const QString& path) {
     sqlite3_stmt* st = statement(DeleteKey);
     StatementScope scope{st};
     sqlite3_bind_int64(st, 1, *key);
-    return sqlite3_step(st) == SQLITE_DONE && sqlite3_changes(m_db) == 1;
+    if (sqlite3_step(st) != SQLITE_DONE) return writeFailed();
+    return sqlite3_changes(m_db) == 1;
 }
 
 bool RegistryHive::deleteTree(RegistryRoot root, const QString& path) {
@@ -252,25 +323,26 @@ std::optional<RegistryValue> RegistryHive::value(int64_t key, const QString& nam
 
 bool RegistryHive::setValue(int64_t key, const QString& name, const RegistryValue& value) {
     std::lock_guard lock(m_mutex);
+    if (!m_bWritable) return writeFailed();
     sqlite3_stmt* st = statement(SetValue);
-    if (!st) return false;
     StatementScope scope{st};
     sqlite3_bind_int64(st, 1, key);
     bindText(st, 2, name);
     bindText(st, 3, name.toLower());
     sqlite3_bind_int(st, 4, int(value.type));
     sqlite3_bind_blob(st, 5, value.data.constData(), int(value.data.size()), SQLITE_TRANSIENT);
-    return sqlite3_step(st) == SQLITE_DONE;
+    return sqlite3_step(st) == SQLITE_DONE || writeFailed();
 }
 
 bool RegistryHive::deleteValue(int64_t key, const QString& name) {
     std::lock_guard lock(m_mutex);
+    if (!m_bWritable) return value(key, name) ? writeFailed() : false;
     sqlite3_stmt* st = statement(DeleteValue);
-    if (!st) return false;
     StatementScope scope{st};
     sqlite3_bind_int64(st, 1, key);
     bindText(st, 2, name.toLower());
-    return sqlite3_step(st) == SQLITE_DONE && sqlite3_changes(m_db) == 1;
+    if (sqlite3_step(st) != SQLITE_DONE) return writeFailed();
+    return sqlite3_changes(m_db) == 1;
 }
 
 std::optional<QString> RegistryHive::valueNameAt(int64_t key, int index) {

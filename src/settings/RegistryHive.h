@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,9 +22,14 @@ enum class RegistryRoot : int { CurrentUser = 1, LocalMachine = 2 };
 // and several processes may use one file at the same time.
 class RegistryHive {
 public:
-    // Opens or creates the hive. A file that is not a readable hive is renamed aside (never deleted),
-    // reported once on stderr, and a fresh hive is created in its place.
-    explicit RegistryHive(const QString& file);
+    enum class Access { ReadWrite, ReadOnly };
+
+    // ReadWrite opens or creates the hive. A file that is not a readable hive is renamed aside
+    // (never deleted), reported once on stderr, and a fresh hive is created in its place. A file
+    // that cannot be written (read-only file system, full disk at creation) is opened for reading:
+    // every stored value still reads, and every write fails.
+    // ReadOnly never creates, moves or changes the file; a missing file reads as an empty hive.
+    explicit RegistryHive(const QString& file, Access access = Access::ReadWrite);
     ~RegistryHive();
     RegistryHive(const RegistryHive&) = delete;
     RegistryHive& operator=(const RegistryHive&) = delete;
@@ -33,6 +39,10 @@ public:
     static std::shared_ptr<RegistryHive> current();
 
     bool isOpen() const { return m_db != nullptr; }
+    // False when writes cannot reach the file; they then fail instead of being kept in memory.
+    bool isWritable() const { return m_bWritable; }
+    // Called once, on the UI thread of whoever writes, at the first write that fails.
+    void setWriteFailureHandler(std::function<void()> handler) { m_onWriteFailure = std::move(handler); }
     // Where a damaged file was moved to during opening; empty when nothing was moved.
     const QString& setAsidePath() const { return m_strSetAside; }
 
@@ -55,10 +65,17 @@ public:
 private:
     enum class OpenResult { Ok, Damaged, Unavailable };
     OpenResult openFile(const QString& file);
+    OpenResult openForReading(const QString& file);
+    void openEmpty();
+    bool prepareStatements();
     void closeDb();
     sqlite3_stmt* statement(int which);
+    bool writeFailed();
 
     sqlite3* m_db = nullptr;
+    bool m_bWritable = false;
+    bool m_bWriteFailureReported = false;
+    std::function<void()> m_onWriteFailure;
     QString m_strSetAside;
     std::recursive_mutex m_mutex;
     sqlite3_stmt* m_statements[12] = {};

@@ -59,3 +59,8 @@ QString decodeText(const QByteArray& bytes) {
     if (const auto utf16 = guessUtf16(bytes)) return decodeWith(*utf16, bytes);
     return isValidUtf8(bytes) ? QString::fromUtf8(bytes) : fromCp1252(bytes);
 }
+
+bool isText(const QByteArray& bytes) {
+    if (!bytes.contains('\0')) return true;
+    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") || guessUtf16(bytes).has_value();
+}

@@ -7,3 +7,6 @@
 // with or without byte order mark, UTF-8 with or without one, or 8-bit Windows-1252 (files written
 // on the handheld, umlauts included). Never fails: every byte sequence gives some text.
 QString decodeText(const QByteArray& bytes);
+
+// False for bytes that no text encoding explains: NUL bytes outside UTF-16 (an image, a database).
+bool isText(const QByteArray& bytes);

@@ -13,12 +13,13 @@
 #include "platform/session/MemoryPressure.h"
 #include "platform/session/TerminationSignals.h"
 #include "platform/session/ThreadPriority.h"
-#include "shell/CMainFrame.h"
-#include "shell/pages/CSettingsPage.h"
-#include "shell/PageTable.h"
-#include "shell/ShellSettings.h"
 #include "settings/CRegistryKey.h"
 #include "settings/DevLog.h"
+#include "settings/RegistryHive.h"
+#include "shell/CMainFrame.h"
+#include "shell/PageTable.h"
+#include "shell/ShellSettings.h"
+#include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -48,7 +49,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
     m_pDoc->LoadSettings();
     m_pSource = std::make_unique<DocumentSource>(*m_pDoc, m_root, m_clock);
-    m_pSource->setMessageHandler([this](const QString& text) { ShowSourceMessage(text); });
+    m_pSource->setMessageHandler([this](const QString& text) { ShowNotice(text); });
 
     qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
     PageFactory pages;
@@ -68,6 +69,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pFrame = std::make_unique<CMainFrame>(std::move(pages));
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
+    WatchSettingsWrites();
 
     m_pSoundOutput = std::make_unique<QtSoundOutput>();
     m_pNoiseMeter = std::make_unique<QtNoiseMeter>();
@@ -103,6 +105,23 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     return true;
 }
 
+void CFendixApp::WatchSettingsWrites() {
+    const std::shared_ptr<RegistryHive> hive = RegistryHive::current();
+    if (!hive) return;
+    // Said once, then the program keeps running on what it has in memory.
+    const auto notice = [this] {
+        ShowNotice(QStringLiteral("Die Einstellungen können nicht gespeichert werden "
+                                  "(Datei %1 nicht beschreibbar). Änderungen gehen beim Beenden verloren.")
+                       .arg(m_root.registryFile()));
+    };
+    if (!hive->isWritable()) {
+        notice();
+        return;
+    }
+    hive->setWriteFailureHandler(
+        [this, notice] { QMetaObject::invokeMethod(this, notice, Qt::QueuedConnection); });
+}
+
 void CFendixApp::StartAutoStartProgram() {
     CRegistryKey key;
     QString program = readSetting(key, ShellSettings::kAutoStart);
@@ -131,7 +150,7 @@ void CFendixApp::OnMemoryPressure() {
     m_pressureBurst.start();
 }
 
-void CFendixApp::ShowSourceMessage(const QString& text) {
+void CFendixApp::ShowNotice(const QString& text) {
     auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarvik"), text, QMessageBox::Ok,
                                 m_pFrame.get());
     box->setAttribute(Qt::WA_DeleteOnClose);

@@ -38,7 +38,10 @@ private:
     void ApplyLowPriority(bool bActive);
     void OnMemoryPressure();
     void Shutdown();
-    void ShowSourceMessage(const QString& text);
+    void ShowNotice(const QString& text); // a message that never blocks the sentences behind it
+    // One notice when settings cannot be saved: at start for a read-only file, else at the first failed
+    // write.
+    void WatchSettingsWrites();
 
     DeviceRoot m_root;
     SystemDeviceClock m_clock;

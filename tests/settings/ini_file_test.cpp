@@ -204,7 +204,7 @@ TEST(IniFile, SaveWritesUtf8AndFailsCleanly) {
     QTemporaryDir dir;
     CIniFile ini;
     ini.WriteString("Ü", "k", "ä");
-    ASSERT_TRUE(ini.Save(dir.filePath("x.ini"), true));
+    ASSERT_TRUE(ini.Save(dir.filePath("x.ini")));
     CIniFile back;
     ASSERT_TRUE(back.Load(dir.filePath("x.ini")));
     EXPECT_EQ(back.ToBytes(), "[\xC3\x9C]\nk = \xC3\xA4\n");
