@@ -137,6 +137,8 @@ int runReplayCommand(ToolContext& ctx, QStringList args) {
     const uchar* mapped = file.size() > 0 ? file.map(0, file.size()) : nullptr;
     const QByteArray copy = mapped ? QByteArray() : file.readAll();
     const QByteArrayView log = mapped ? QByteArrayView(mapped, file.size()) : QByteArrayView(copy);
-    printSummary(ctx, replayLog(ctx.root, *clock, log));
+    const ReplaySummary summary = replayLog(ctx.root, *clock, log);
+    if (!summary.m_strLogFailure.isEmpty()) return ctx.inputError(summary.m_strLogFailure);
+    printSummary(ctx, summary);
     return ToolContext::kOk;
 }

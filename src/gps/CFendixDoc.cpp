@@ -45,6 +45,7 @@ void CFendixDoc::StopSource() {
 
 void CFendixDoc::OnTick() {
     m_epochs.handlePending(m_fix);
+    m_log.flushWhenMinuteTurned();
 }
 
 void CFendixDoc::ResetStatistics(bool bOpenLog) {

@@ -44,6 +44,7 @@ ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteAr
     ReplaySummary summary;
     summary.m_strLogFile = doc.Log().path();
     doc.SaveAndClose();
+    summary.m_strLogFailure = doc.Log().failure();
     summary.m_stats = doc.Statistics();
     summary.m_nEpochs = doc.Epochs().epochCount();
     summary.m_nValidEpochs = doc.Epochs().validEpochCount();

@@ -14,7 +14,8 @@ struct ReplaySummary {
     TourStatistics m_stats;
     int64_t m_nEpochs = 0;
     int64_t m_nValidEpochs = 0;
-    QString m_strLogFile; // host path of the log the run wrote; empty when logging was off
+    QString m_strLogFile;    // host path of the log the run wrote; empty when logging was off
+    QString m_strLogFailure; // why the log is incomplete; empty when it is complete or off
 };
 
 // One whole run of the document over a recorded log, headless and as fast as possible: a source

@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <cerrno>
 #include <cstring>
 
 namespace {
@@ -22,8 +23,8 @@ std::FILE* openFile(const QString& path, const char* mode) {
     return file;
 }
 
-bool isFirstSecondOfMinute(int64_t localSeconds) {
-    return ((localSeconds % 60) + 60) % 60 == 0;
+int64_t minuteOf(int64_t localSeconds) {
+    return localSeconds >= 0 ? localSeconds / 60 : (localSeconds - 59) / 60;
 }
 
 } // namespace
@@ -47,8 +48,15 @@ QString TrackLogWriter::fileName(int64_t localSeconds) {
 }
 
 void TrackLogWriter::close() {
-    if (m_pFile) std::fclose(m_pFile);
+    // The last buffered sentences reach the disk here; a full disk shows only now.
+    if (m_pFile && std::fclose(m_pFile) != 0) noteFailure("cannot write");
     m_pFile = nullptr;
+}
+
+void TrackLogWriter::noteFailure(const char* what) {
+    if (m_strFailure.isEmpty())
+        m_strFailure = QStringLiteral("%1 the track log %2: %3")
+                           .arg(QLatin1String(what), m_strPath, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 bool TrackLogWriter::open() {
@@ -89,10 +97,15 @@ bool TrackLogWriter::createFile(int64_t now) {
     m_strPath.clear();
     m_pFile = openFile(path, "w+b");
     if (!m_pFile) {
+        m_strPath = path;
+        noteFailure("cannot create");
+        m_strPath.clear();
         DevLog("!!!!Cannot create log file %s", QFile::encodeName(path).constData());
         return false;
     }
     m_strPath = path;
+    m_nFlushedMinute = minuteOf(now);
+    m_bUnflushed = true;
     const QByteArray header = headerLine();
     if (std::fwrite(header.constData(), 1, static_cast<size_t>(header.size()), m_pFile) !=
         static_cast<size_t>(header.size()))
@@ -118,10 +131,22 @@ void TrackLogWriter::writeSentence(const char* line, int length) {
     const int64_t now = m_clock.localNow();
     if (type->m_tNextTime > now) return;
     type->m_tNextTime = now + m_nLogDelay;
-    if (std::fwrite(line, 1, static_cast<size_t>(length), m_pFile) != static_cast<size_t>(length))
+    if (std::fwrite(line, 1, static_cast<size_t>(length), m_pFile) != static_cast<size_t>(length)) {
+        noteFailure("cannot write");
         ReopenLog();
-    else if (isFirstSecondOfMinute(now))
-        std::fflush(m_pFile);
+        return;
+    }
+    m_bUnflushed = true;
+    flushWhenMinuteTurned();
+}
+
+void TrackLogWriter::flushWhenMinuteTurned() {
+    if (!m_pFile || !m_bUnflushed) return;
+    const int64_t minute = minuteOf(m_clock.localNow());
+    if (minute == m_nFlushedMinute) return;
+    if (std::fflush(m_pFile) != 0) noteFailure("cannot write");
+    m_nFlushedMinute = minute;
+    m_bUnflushed = false;
 }
 
 bool TrackLogWriter::ReopenLog() {

@@ -6,29 +6,41 @@
 #include <QFile>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <random>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int64_t kMay22At1158 = 1779451080; // 2026-05-22 11:58:00 UTC
-constexpr int kSeconds = 150;                // flushed at 11:59:00 and 12:00:00, then 29 s more
 
 QByteArray sentenceOf(int second) {
     return QString::asprintf("$GPGGA,%06d,4806.0,N,01130.0,E,1,08,0.9,500.0,M,47.0,M,,\r\n", second)
         .toLatin1();
 }
 
-// The child writes a log for kSeconds recorded seconds, says so through the pipe and waits to be killed.
-[[noreturn]] void writeAndWait(const TestRoot& root, int readyFd) {
+struct KillCase {
+    const char* legend;
+    int32_t logDelay;
+    int startSecond;    // seconds after 11:58:00 of the first sentence
+    int seconds;        // one sentence a second until the kill
+    bool tickAfterward; // the document's tick runs once in the next minute before the kill
+};
+
+// The child writes a sentence every second, says so through the pipe and waits to be killed.
+[[noreturn]] void writeAndWait(const TestRoot& root, const KillCase& c, int readyFd) {
     RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.root().registryFile()));
     FixedDeviceClock clock(kMay22At1158);
     TrackLogWriter writer(root.root(), clock);
     writer.open();
-    for (int second = 0; second < kSeconds; ++second) {
+    for (int second = c.startSecond; second < c.startSecond + c.seconds; ++second) {
         clock.setUtcNow(kMay22At1158 + second);
         const QByteArray line = sentenceOf(second);
         writer.writeSentence(line.constData(), static_cast<int>(line.size()));
+    }
+    if (c.tickAfterward) {
+        clock.setUtcNow(kMay22At1158 + (c.startSecond + c.seconds) / 60 * 60 + 60);
+        writer.flushWhenMinuteTurned();
     }
     const char ready = 'r';
     if (::write(readyFd, &ready, 1) != 1) _exit(1);
@@ -36,29 +48,48 @@ QByteArray sentenceOf(int second) {
         ::pause();
 }
 
-TEST(TrackLogKill, KeepsEverySentenceUpToTheLastFlush) {
-    TestRoot root;
-    CRegistryKey().WriteDword("LogDelay", 0);
+QByteArray logAfterKill(const TestRoot& root, const KillCase& c) {
     int pipeFds[2];
-    ASSERT_EQ(::pipe(pipeFds), 0);
+    if (::pipe(pipeFds) != 0) return {};
     const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) writeAndWait(root, pipeFds[1]);
+    if (child == 0) writeAndWait(root, c, pipeFds[1]);
     char ready = 0;
-    ASSERT_EQ(::read(pipeFds[0], &ready, 1), 1);
+    const bool written = ::read(pipeFds[0], &ready, 1) == 1;
     ::kill(child, SIGKILL);
     int status = 0;
     ::waitpid(child, &status, 0);
     ::close(pipeFds[0]);
     ::close(pipeFds[1]);
-    ASSERT_TRUE(WIFSIGNALED(status));
-
-    QByteArray flushed = TrackLogWriter::headerLine();
-    for (int second = 0; second <= 120; ++second)
-        flushed += sentenceOf(second);
     QFile log(root.file("My Documents/TragLog/2026-05-22_11-58.txt"));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(log.readAll().startsWith(flushed)) << "every sentence up to 12:00:00 survives the kill";
+    if (!written || !WIFSIGNALED(status) || !log.open(QIODevice::ReadOnly)) return {};
+    return log.readAll();
+}
+
+TEST(TrackLogKill, KeepsEverySentenceBeforeTheMinuteOfTheKill) {
+    std::mt19937 random(20261123);
+    std::uniform_int_distribution<int> anySecond(0, 59), runLength(61, 299);
+    std::vector<KillCase> cases = {
+        {"every sentence logged", 0, 0, 150, false},
+        {"one sentence every ten seconds", 10, 0, 150, false},
+        {"the tick flushes a quiet minute", 10, 0, 150, true},
+    };
+    for (const int32_t delay : {0, 10})
+        for (int i = 0; i < 3; ++i)
+            cases.push_back(
+                {"killed at a random second", delay, anySecond(random), runLength(random), false});
+    for (const KillCase& c : cases) {
+        TestRoot root;
+        CRegistryKey().WriteDword("LogDelay", static_cast<uint32_t>(c.logDelay));
+        const int killSecond = c.startSecond + c.seconds; // the next second is never written
+        // Everything stamped before the minute of the last write is on disk; with the tick, all of it.
+        const int safeUntil = c.tickAfterward ? killSecond : (killSecond - 1) / 60 * 60;
+        QByteArray expected = TrackLogWriter::headerLine();
+        for (int second = c.startSecond; second < safeUntil; second += std::max(c.logDelay, 1))
+            expected += sentenceOf(second);
+        EXPECT_TRUE(logAfterKill(root, c).startsWith(expected))
+            << c.legend << ": LogDelay " << c.logDelay << ", from second " << c.startSecond << " for "
+            << c.seconds << " s";
+    }
 }
 
 } // namespace

@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
-# Settings and text profiles under faults: a full disk and a read-only root, each a small tmpfs in a
-# private user and mount namespace. Stored data stays intact and every failed write says so.
+# Settings, text profiles and track logs under faults: a full disk and a read-only root, each a small
+# tmpfs in a private user and mount namespace. Stored data stays intact and every failed write says so.
 # Exits 77 (skipped) where namespaces are not allowed.
 set -uo pipefail
 tool=$1
+log=$2
 if ! unshare -rm true 2>/dev/null; then
     echo "no user and mount namespaces here; skipped"
     exit 77
 fi
-export TOOL=$tool
+export TOOL=$tool LOG=$log
 exec unshare -rm bash -s <<'INNER'
 set -uo pipefail
 failures=0
@@ -36,6 +37,7 @@ expect 1 1 "$TOOL" ini set "$base/full/p.ini" Main Name New
 same "$base/full/p.ini" "$base/p.ini.orig"
 expect 1 1 "$TOOL" --root "$base/full/root" reg set 'HKCU\SOFTWARE\Omvale\Fendix' Big --type sz "$(head -c 100000 /dev/zero | tr '\0' x)"
 [ "$("$TOOL" --root "$base/full/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' Kept)" = yes ] || fail "stored value lost on a full disk"
+expect 1 1 "$TOOL" --root "$base/full/root" replay --now 2026-05-22T12:00:00 "$LOG"
 
 # A file that is not text is refused, not rewritten.
 printf 'PNG\0\0\1binary' > "$base/image.ini" && cp "$base/image.ini" "$base/image.orig"
@@ -58,6 +60,7 @@ expect 1 1 "$TOOL" --root "$root" reg import "$base/in.reg"
 expect 0 0 "$TOOL" --root "$root" reg export "$base/after.reg"
 same "$base/after.reg" "$base/before.reg"
 [ "$(cat "$root"/registry.db* | sha256sum)" = "$sha_before" ] || fail "the read-only settings file changed"
+expect 1 1 "$TOOL" --root "$root" replay --now 2026-05-22T12:00:00 "$LOG"
 
 # Commands that only read leave the settings file alone: no file made, a damaged one not moved.
 mkdir "$base/fresh"
