@@ -98,19 +98,25 @@ bool prepareDemoRoot(const QString& folder, const QString& dataFolder) {
         return false;
     }
     const QByteArray digest = digestOf(dataFolder);
-    const QString stampFile = QDir(folder).filePath(DemoRoot::kStampFile);
-    const bool bFresh = readAll(stampFile) != digest;
-
     const DeviceRoot root(folder);
     if (!root.ensureExists()) return false;
+    // The version lives in the settings themselves: settings set aside as damaged, or lost any other
+    // way, take the version with them, and the next start repairs the root.
+    RegistryHive hive(root.registryFile());
+    const auto stampKey = hive.findKey(RegistryRoot::CurrentUser, QString::fromLatin1(DemoRoot::kStampKey));
+    const auto stamp =
+        stampKey ? hive.value(*stampKey, QString::fromLatin1(DemoRoot::kStampValue)) : std::nullopt;
+    const bool bFresh = !stamp || stamp->toString() != QString::fromLatin1(digest);
+
     for (const RegFile::KeyChange& key : parsed.keys)
         for (const RegFile::ValueChange& change : key.values)
             if (change.value && change.value->type == RegistryType::String &&
                 !installTarget(root, dataFolder, change.value->toString(), bFresh))
                 return false;
     if (!bFresh) return true;
-    RegistryHive hive(root.registryFile());
     if (!hive.isOpen() || !RegFile::apply(hive, parsed)) return false;
     // Written last: a root left half-filled is filled again on the next call.
-    return writeAll(stampFile, digest);
+    const auto key = hive.createKey(RegistryRoot::CurrentUser, QString::fromLatin1(DemoRoot::kStampKey));
+    return key && hive.setValue(*key, QString::fromLatin1(DemoRoot::kStampValue),
+                                RegistryValue::fromString(QString::fromLatin1(digest)));
 }

@@ -11,8 +11,9 @@
 // folder "SpeedWaves". So the settings say once where each file lives.
 namespace DemoRoot {
 inline constexpr const char* kSettingsFile = "settings.reg";
-// In the filled root: a digest of the data it was filled from.
-inline constexpr const char* kStampFile = "demo.stamp";
+// In the filled root's settings (current user): a digest of the data it was filled from.
+inline constexpr const char* kStampKey = "SOFTWARE\\Tarvik\\Demo";
+inline constexpr const char* kStampValue = "DataDigest";
 } // namespace DemoRoot
 
 // The first of `candidates` that holds demo data (a "settings.reg"); empty when none does.

@@ -100,9 +100,17 @@ TEST(DemoRoot, FillsItsOwnRootOncePerVersionOfTheData) {
     writeFile(data.filePath("drive.nmea"), "$Tarvik,\r\n"); // a new version of the demo
     ASSERT_TRUE(prepareDemoRoot(demo.path(), data.path()));
     EXPECT_EQ(bytesOf(drive), "$Tarvik,\r\n");
+    {
+        DemoHive hive(demo.path());
+        CRegistryKey().ReadString("CurrentView", value);
+        EXPECT_EQ(value, "Geschwindigkeitsanzeige") << "new data, new settings";
+    }
+    for (const char* suffix : {"", "-wal", "-shm"})
+        QFile::remove(root.registryFile() + suffix);
+    writeFile(root.registryFile(), "a settings file damaged beyond reading");
+    ASSERT_TRUE(prepareDemoRoot(demo.path(), data.path()));
     DemoHive hive(demo.path());
-    CRegistryKey().ReadString("CurrentView", value);
-    EXPECT_EQ(value, "Geschwindigkeitsanzeige") << "new data, new settings";
+    EXPECT_EQ(CRegistryKey().GetDword("SimulationSpeed", 0), 4u) << "damaged settings are repaired";
 }
 
 TEST(DemoRoot, RefusesIncompleteOrEscapingData) {
@@ -125,7 +133,8 @@ TEST(DemoRoot, RefusesIncompleteOrEscapingData) {
         if (!c.settings.isEmpty()) writeFile(data.filePath(DemoRoot::kSettingsFile), c.settings);
         EXPECT_FALSE(prepareDemoRoot(demo.path(), data.path()));
         EXPECT_FALSE(QFile::exists(outside.filePath("drive.nmea")));
-        EXPECT_FALSE(QFile::exists(QDir(demo.path()).filePath(DemoRoot::kStampFile)));
+        RegistryHive hive(QDir(demo.path()).filePath("registry.db"));
+        EXPECT_FALSE(hive.findKey(RegistryRoot::CurrentUser, DemoRoot::kStampKey)) << "not stamped";
     }
     EXPECT_EQ(findDemoData({"", outside.path(), kDemoData}), kDemoData);
 }
