@@ -1,26 +1,66 @@
 #include "demo/DemoRoot.h"
 #include "platform/DeviceRoot.h"
-#include "shell/CFendixApp.h"
+#include "platform/session/DisplayCheck.h"
 #include "settings/RegistryHive.h"
+#include "shell/CFendixApp.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
 #include <cstdio>
 
+namespace {
+
+void printUsage(const QList<QCommandLineOption>& options) {
+    std::printf("usage: tarvik [--root DIR] [--demo] [--fullscreen]\n\nTarvik, the GPS companion.\n\n");
+    for (const QCommandLineOption& option : options) {
+        QString name = QStringLiteral("--") + option.names().constLast();
+        if (!option.valueName().isEmpty()) name += ' ' + option.valueName();
+        std::printf("  %-16s %s\n", qPrintable(name), qPrintable(option.description()));
+    }
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tarvik"));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Tarvik, the GPS companion"));
-    parser.addHelpOption();
+    // Read before the toolkit starts: --help and --version need no display, and a missing display
+    // is named instead of ending in the toolkit's abort.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
     const QCommandLineOption rootOption(QStringLiteral("root"), QStringLiteral("Device root folder."),
                                         QStringLiteral("DIR"));
     const QCommandLineOption demoOption(QStringLiteral("demo"),
                                         QStringLiteral("Replay the demo drive in a device root of its own."));
     const QCommandLineOption fullOption(QStringLiteral("fullscreen"), QStringLiteral("Fill the screen."));
-    parser.addOptions({rootOption, demoOption, fullOption});
-    parser.process(app);
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("Show this help."));
+    const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
+    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption, helpOption, versionOption};
+    QCommandLineParser parser;
+    parser.addOptions(options);
+    if (!parser.parse(arguments)) {
+        std::fprintf(stderr, "tarvik: %s\n", qPrintable(parser.errorText()));
+        return 2;
+    }
+    if (parser.isSet(helpOption)) {
+        printUsage(options);
+        return 0;
+    }
+    if (parser.isSet(versionOption)) {
+        std::printf("tarvik %s\n", TARVIK_VERSION);
+        return 0;
+    }
+    if (parser.isSet(rootOption) && parser.value(rootOption).isEmpty()) {
+        std::fprintf(stderr, "tarvik: --root needs a folder\n");
+        return 2;
+    }
+    if (const QString reason = missingDisplayReason(); !reason.isEmpty()) {
+        std::fprintf(stderr, "tarvik: %s\n", qPrintable(reason));
+        return 1;
+    }
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tarvik"));
 
     QString rootFolder = parser.value(rootOption);
     if (parser.isSet(demoOption)) {
