@@ -13,12 +13,12 @@
 #include "platform/session/MemoryPressure.h"
 #include "platform/session/TerminationSignals.h"
 #include "platform/session/ThreadPriority.h"
-#include "shell/CMainFrame.h"
-#include "shell/pages/CSettingsPage.h"
-#include "shell/PageTable.h"
-#include "shell/ShellSettings.h"
 #include "settings/CRegistryKey.h"
 #include "settings/DevLog.h"
+#include "shell/CMainFrame.h"
+#include "shell/PageTable.h"
+#include "shell/ShellSettings.h"
+#include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -51,21 +51,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSource->setMessageHandler([this](const QString& text) { ShowSourceMessage(text); });
 
     qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
-    PageFactory pages;
-    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
-    pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
-        return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
-    });
-    pages.add(PageTable::kOtherSettings, [this](QWidget* parent) {
-        CSettingsPage::Actions actions;
-        actions.volumeSettingsChanged = [this] {
-            m_pSounds->loadVolumeSettings();
-            m_pSounds->updateVolume(true);
-        };
-        actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
-        return new CSettingsPage(actions, parent);
-    });
-    m_pFrame = std::make_unique<CMainFrame>(std::move(pages));
+    m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
 
@@ -101,6 +87,25 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pressureBurst.setSingleShot(true);
     m_pressureBurst.setInterval(kPressureBurstMs);
     return true;
+}
+
+// The pages that have a class of their own; every other page of the table shows as a placeholder.
+PageFactory CFendixApp::MakePages() {
+    PageFactory pages;
+    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
+    pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
+        return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
+    });
+    pages.add(PageTable::kOtherSettings, [this](QWidget* parent) {
+        CSettingsPage::Actions actions;
+        actions.volumeSettingsChanged = [this] {
+            m_pSounds->loadVolumeSettings();
+            m_pSounds->updateVolume(true);
+        };
+        actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
+        return new CSettingsPage(actions, parent);
+    });
+    return pages;
 }
 
 void CFendixApp::StartAutoStartProgram() {
