@@ -52,21 +52,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSource->setMessageHandler([this](const QString& text) { ShowNotice(text); });
 
     qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
-    PageFactory pages;
-    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
-    pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
-        return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
-    });
-    pages.add(PageTable::kOtherSettings, [this](QWidget* parent) {
-        CSettingsPage::Actions actions;
-        actions.volumeSettingsChanged = [this] {
-            m_pSounds->loadVolumeSettings();
-            m_pSounds->updateVolume(true);
-        };
-        actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
-        return new CSettingsPage(actions, parent);
-    });
-    m_pFrame = std::make_unique<CMainFrame>(std::move(pages));
+    m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
     WatchSettingsWrites();
@@ -120,6 +106,25 @@ void CFendixApp::WatchSettingsWrites() {
     }
     hive->setWriteFailureHandler(
         [this, notice] { QMetaObject::invokeMethod(this, notice, Qt::QueuedConnection); });
+}
+
+// The pages that have a class of their own; every other page of the table shows as a placeholder.
+PageFactory CFendixApp::MakePages() {
+    PageFactory pages;
+    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
+    pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
+        return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
+    });
+    pages.add(PageTable::kOtherSettings, [this](QWidget* parent) {
+        CSettingsPage::Actions actions;
+        actions.volumeSettingsChanged = [this] {
+            m_pSounds->loadVolumeSettings();
+            m_pSounds->updateVolume(true);
+        };
+        actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
+        return new CSettingsPage(actions, parent);
+    });
+    return pages;
 }
 
 void CFendixApp::StartAutoStartProgram() {

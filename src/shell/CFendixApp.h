@@ -14,6 +14,7 @@ class CFendixDoc;
 class CMainFrame;
 class DocumentSource;
 class MemoryPressure;
+class PageFactory;
 class QtNoiseMeter;
 class QtSoundOutput;
 class SoundController;
@@ -34,6 +35,7 @@ public:
     CFendixDoc& Document() { return *m_pDoc; }
 
 private:
+    PageFactory MakePages();
     void StartAutoStartProgram();
     void ApplyLowPriority(bool bActive);
     void OnMemoryPressure();

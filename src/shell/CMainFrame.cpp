@@ -1,11 +1,11 @@
 #include "shell/CMainFrame.h"
 
 #include "platform/DeviceRoot.h"
+#include "settings/CRegistryKey.h"
+#include "settings/DevLog.h"
 #include "shell/CommandBarLayout.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
-#include "settings/CRegistryKey.h"
-#include "settings/DevLog.h"
 #include "shell/ui/CPageView.h"
 
 #include <QApplication>
@@ -17,40 +17,6 @@
 #include <QStackedWidget>
 #include <QToolBar>
 #include <QToolButton>
-
-namespace {
-
-// The command-bar pictures by image index, as short words a finger can hit.
-const char* const kImageTexts[12] = {"Tempo", "Karte", "Höhe", "GoTo", "Fahrten", "MN",
-                                     "Pos+",  "Menü",  "",     "Info", "POI",     "Sat"};
-
-struct MenuItem {
-    const char* text; // UTF-8
-    uint16_t command;
-};
-
-const MenuItem kPageItems[] = {{"Geschwindigkeitsanzeige", 0x8008},
-                               {"Kartenanzeige", 0x8061},
-                               {"Höhenansicht", 0x801A},
-                               {"Satelliten", 0x8056},
-                               {"Position", 0x805B},
-                               {"Fahrtenbuch", 0x8004},
-                               {"GoTo Seite", 0x8015},
-                               {"Track", 0x8118},
-                               {"MN Schnellstart", 0x8033}};
-const MenuItem kMoreViews[] = {{"Kartenanzeige 2", 0x8062},
-                               {"Kartenanzeige 3", 0x8063},
-                               {"Kartenanzeige 4", 0x8064},
-                               {"Kartenanzeige 5", 0x8065},
-                               {"Diagramme", 0x811E}};
-const MenuItem kSettingsItems[] = {{"MN AddOns", 0x8031},         {"Andere Einstellungen", 0x802E},
-                                   {"Meldungen", 0x805F},         {"POI Konfiguration", 0x8011},
-                                   {"Tarvik Livepos", 0x805E},    {"Einstellungen Hotkeys", 0x8014},
-                                   {"Einstellungen TMC", 0x80EE}, {"Einstellungen Datenquelle", 0x8007}};
-// Pages the frame makes at once; the others on first selection.
-const uint16_t kPagesMadeWithTheFrame[] = {0x8015, 0x8014, 0x8031};
-
-} // namespace
 
 CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
     : QMainWindow(parent), m_factory(std::move(factory)) {
@@ -67,8 +33,8 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
     addToolBar(Qt::BottomToolBarArea, m_pCommandBar);
 
     m_factory.setUserPages(scanUserPages(DeviceRoot::current().programFolder()));
-    for (uint16_t command : kPagesMadeWithTheFrame)
-        PageFor(command);
+    for (const PageTable::Entry& entry : PageTable::kEntries)
+        if (entry.kind == PageTable::Kind::PageMadeWithFrame) PageFor(entry.command);
     BuildMenu();
     CRegistryKey key;
     const int32_t preAllocKb = readSetting(key, ShellSettings::kPreAllocKB);
@@ -79,29 +45,28 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
 CMainFrame::~CMainFrame() = default;
 
 void CMainFrame::BuildMenu() {
-    QMenu* view = menuBar()->addMenu(QStringLiteral("Ansicht"));
     const auto addItem = [this](QMenu* menu, const QString& text, uint16_t command) {
         QAction* action = menu->addAction(text, this, [this, command] { RunCommand(command); });
         action->setCheckable(!PageTable::isCommandOnly(command));
         m_menuActions[command] = action;
     };
-    addItem(view, QStringLiteral("Info über Tarvik..."), PageTable::kAbout);
+    const auto addGroup = [&addItem](QMenu* menu, PageTable::Menu group) {
+        for (const PageTable::Entry* entry : PageTable::menu(group))
+            addItem(menu, PageTable::menuText(*entry), entry->command);
+    };
+    QMenu* view = menuBar()->addMenu(QStringLiteral("Ansicht"));
+    addGroup(view, PageTable::Menu::Head);
     view->addSeparator();
     const UserPageSlots& userPages = m_factory.userPages();
     for (size_t i = 0; i < userPages.size(); ++i)
         if (!userPages[i].isEmpty())
             addItem(view, userPages[i].name, uint16_t(PageTable::kFirstUserPage + i));
-    for (const MenuItem& item : kPageItems)
-        addItem(view, QString::fromUtf8(item.text), item.command);
-    QMenu* more = view->addMenu(QStringLiteral("Weitere Ansichten"));
-    for (const MenuItem& item : kMoreViews)
-        addItem(more, QString::fromUtf8(item.text), item.command);
+    addGroup(view, PageTable::Menu::Pages);
+    addGroup(view->addMenu(QStringLiteral("Weitere Ansichten")), PageTable::Menu::MoreViews);
     view->addSeparator();
-    QMenu* settings = view->addMenu(QStringLiteral("Einstellungen"));
-    for (const MenuItem& item : kSettingsItems)
-        addItem(settings, QString::fromUtf8(item.text), item.command);
+    addGroup(view->addMenu(QStringLiteral("Einstellungen")), PageTable::Menu::Settings);
     view->addSeparator();
-    view->addAction(QStringLiteral("Beenden"), this, &CMainFrame::Exit);
+    view->addAction(QStringLiteral("Beenden"), this, [this] { RunCommand(PageTable::kExit); });
 }
 
 CPageView* CMainFrame::ExistingPage(uint16_t command) const {
@@ -160,21 +125,15 @@ QStringList CMainFrame::PageNames() const {
 
 void CMainFrame::RebuildCommandBar() {
     m_pCommandBar->clear();
-    for (const CommandBarButton& button : commandBarFor(m_nCurrentCommand)) {
-        QAction* action = m_pCommandBar->addAction(QString::fromUtf8(kImageTexts[button.image]));
-        action->setData(button.command);
-        action->setToolTip(PageTable::name(button.command));
-        connect(action, &QAction::triggered, this, [this, command = button.command] { RunCommand(command); });
+    for (const PageTable::Entry* button : commandBarFor(m_nCurrentCommand)) {
+        QAction* action = m_pCommandBar->addAction(QString::fromUtf8(button->picture));
+        action->setData(button->command);
+        action->setToolTip(QString::fromUtf8(button->name));
+        connect(action, &QAction::triggered, this,
+                [this, command = button->command] { RunCommand(command); });
         if (auto* widget = qobject_cast<QToolButton*>(m_pCommandBar->widgetForAction(action)))
             widget->setMinimumSize(40, 44);
     }
-}
-
-QList<uint16_t> CMainFrame::CommandBarCommands() const {
-    QList<uint16_t> commands;
-    for (const QAction* action : m_pCommandBar->actions())
-        commands << uint16_t(action->data().toUInt());
-    return commands;
 }
 
 void CMainFrame::UpdateMenuChecks() {
@@ -184,8 +143,12 @@ void CMainFrame::UpdateMenuChecks() {
 
 void CMainFrame::RunCommand(uint16_t command) {
     if (command == PageTable::kAbout) {
-        QMessageBox::about(this, QStringLiteral("Info über Tarvik"),
+        QMessageBox::about(this, PageTable::name(command),
                            QStringLiteral("Tarvik %1\nGPS-Begleiter").arg(QStringLiteral(TARVIK_VERSION)));
+        return;
+    }
+    if (command == PageTable::kExit) {
+        Exit();
         return;
     }
     if (!SelectPage(command)) Q_EMIT commandTriggered(command);

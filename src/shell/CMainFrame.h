@@ -31,7 +31,6 @@ public:
     CPageView* CurrentPage() const { return m_pCurrentPage; }
     // The page object of a command if it exists (not created here).
     CPageView* ExistingPage(uint16_t command) const;
-    QList<uint16_t> CommandBarCommands() const;
 
     // Drops cached data; when aggressive (and not in a page switch) deletes every page but the shown one.
     void FreeMemory(bool bAggressive);

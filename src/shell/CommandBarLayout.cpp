@@ -1,19 +1,15 @@
 #include "shell/CommandBarLayout.h"
 
-#include "shell/PageTable.h"
-
-QList<CommandBarButton> commandBarFor(uint16_t shownCommand) {
-    QList<CommandBarButton> buttons;
-    const bool mapShown = PageTable::isMapPage(shownCommand);
-    for (int i = 0; i <= 6; ++i) {
-        const PageTable::Entry& e = PageTable::kEntries[i];
-        if (e.command == shownCommand || (mapShown && e.command == PageTable::kFirstMap)) continue;
-        buttons << CommandBarButton{e.command, e.image};
+QList<const PageTable::Entry*> commandBarFor(uint16_t shownCommand) {
+    namespace P = PageTable;
+    QList<const P::Entry*> buttons;
+    const bool mapShown = P::isMapPage(shownCommand);
+    for (int i = 0; i < P::kCommandBarPages; ++i) {
+        const P::Entry& e = P::kEntries[i];
+        if (e.command == shownCommand || (mapShown && e.command == P::kMap)) continue;
+        buttons << &e;
     }
-    if (shownCommand != PageTable::kSatellites) buttons << CommandBarButton{PageTable::kSatellites, 11};
-    if (mapShown)
-        buttons << CommandBarButton{PageTable::kExtendedMenuBar, 7};
-    else
-        buttons << CommandBarButton{PageTable::kStorePosition, 6};
+    if (shownCommand != P::kSatellites) buttons << P::entry(P::kSatellites);
+    buttons << P::entry(mapShown ? P::kExtendedMenuBar : P::kStorePosition);
     return buttons;
 }

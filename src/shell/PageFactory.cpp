@@ -10,6 +10,7 @@ CPageView* PageFactory::create(uint16_t command, QWidget* parent) const {
         const UserPageSlot& slot = m_userPages[command - PageTable::kFirstUserPage];
         return slot.isEmpty() ? nullptr : new PlaceholderPage(slot.name, parent);
     }
-    if (PageTable::isCommandOnly(command) || !PageTable::entry(command)) return nullptr;
-    return new PlaceholderPage(PageTable::name(command), parent);
+    const PageTable::Entry* entry = PageTable::entry(command);
+    if (!entry || entry->kind == PageTable::Kind::Command) return nullptr;
+    return new PlaceholderPage(QString::fromUtf8(entry->name), parent);
 }

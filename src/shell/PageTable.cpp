@@ -1,45 +1,50 @@
 #include "shell/PageTable.h"
 
+#include <algorithm>
+
 namespace PageTable {
 
+// clang-format off
 const Entry kEntries[kCount] = {
-    {0x8008, "Geschwindigkeitsanzeige", 0},
-    {0x8061, "Kartenanzeige", 1},
-    {0x801A, "Höhenansicht", 2},
-    {0x8015, "GoTo Seite", 3},
-    {0x8004, "Fahrtenbuch", 4},
-    {0x8033, "MN Schnellstart", 5},
-    {0x8011, "POI Konfiguration", 10},
-    {0xE140, "Info über Tarvik", 9},
-    {0x8014, "Einstellungen Hotkeys", 0},
-    {0x802E, "Andere Einstellungen", 0},
-    {0x8031, "MN AddOns", 0},
-    {0x804F, "Speicher aktuelle Pos", 6},
-    {0x8006, "Verfolge aktuelle Position", 0},
-    {0x806F, "Erweiterte Menübar", 7},
-    {0x8007, "Einstellungen Datenquelle", 0},
-    {0x8056, "Satelliten", 11},
-    {0x805B, "Position", 0},
-    {0x805E, "Livepos", 0},
-    {0x805F, "Meldungen", 0},
-    {0x8062, "Kartenanzeige2", 0},
-    {0x8063, "Kartenanzeige3", 0},
-    {0x8064, "Kartenanzeige4", 0},
-    {0x8065, "Kartenanzeige5", 0},
-    {0x80EE, "Einstellungen TMC", 0},
-    {0x8118, "Track", 0},
-    {0x811E, "Diagramme", 0},
+//   command           name                          picture    menu              menu text              choice  kind
+    {kSpeed,           "Geschwindigkeitsanzeige",    "Tempo",   Menu::Pages, 0,     nullptr,               7,  Kind::Page},
+    {kMap,             "Kartenanzeige",              "Karte",   Menu::Pages, 1,     nullptr,               0,  Kind::Page},
+    {kAltitude,        "Höhenansicht",               "Höhe",    Menu::Pages, 2,     nullptr,               11, Kind::Page},
+    {kGoTo,            "GoTo Seite",                 "GoTo",    Menu::Pages, 6,     nullptr,               9,  Kind::PageMadeWithFrame},
+    {kLogbook,         "Fahrtenbuch",                "Fahrten", Menu::Pages, 5,     nullptr,               5,  Kind::Page},
+    {kMnQuickStart,    "MN Schnellstart",            "MN",      Menu::Pages, 8,     nullptr,               10, Kind::Page},
+    {kPoiSettings,     "POI Konfiguration",          "POI",     Menu::Settings, 3,  nullptr,               8,  Kind::Page},
+    {kAbout,           "Info über Tarvik",           "Info",    Menu::Head, 0,      "Info über Tarvik...", -1, Kind::Command},
+    {kHotkeys,         "Einstellungen Hotkeys",      nullptr,   Menu::Settings, 5,  nullptr,               6,  Kind::PageMadeWithFrame},
+    {kOtherSettings,   "Andere Einstellungen",       nullptr,   Menu::Settings, 1,  nullptr,               14, Kind::Page},
+    {kMnAddOns,        "MN AddOns",                  nullptr,   Menu::Settings, 0,  nullptr,               15, Kind::PageMadeWithFrame},
+    {kStorePosition,   "Speicher aktuelle Pos",      "Pos+",    Menu::None, 0,      nullptr,               -1, Kind::Command},
+    {kFollowPosition,  "Verfolge aktuelle Position", nullptr,   Menu::None, 0,      nullptr,               -1, Kind::Command},
+    {kExtendedMenuBar, "Erweiterte Menübar",         "Menü",    Menu::None, 0,      nullptr,               -1, Kind::Command},
+    {kSourceSettings,  "Einstellungen Datenquelle",  nullptr,   Menu::Settings, 7,  nullptr,               16, Kind::Page},
+    {kSatellites,      "Satelliten",                 "Sat",     Menu::Pages, 3,     nullptr,               12, Kind::Page},
+    {kPosition,        "Position",                   nullptr,   Menu::Pages, 4,     nullptr,               13, Kind::Page},
+    {kLivepos,         "Livepos",                    nullptr,   Menu::Settings, 4,  "Tarvik Livepos",      -1, Kind::Page},
+    {kAlerts,          "Meldungen",                  nullptr,   Menu::Settings, 2,  nullptr,               -1, Kind::Page},
+    {kMap2,            "Kartenanzeige2",             nullptr,   Menu::MoreViews, 0, "Kartenanzeige 2",     1,  Kind::Page},
+    {kMap3,            "Kartenanzeige3",             nullptr,   Menu::MoreViews, 1, "Kartenanzeige 3",     2,  Kind::Page},
+    {kMap4,            "Kartenanzeige4",             nullptr,   Menu::MoreViews, 2, "Kartenanzeige 4",     3,  Kind::Page},
+    {kMap5,            "Kartenanzeige5",             nullptr,   Menu::MoreViews, 3, "Kartenanzeige 5",     4,  Kind::Page},
+    {kTmcSettings,     "Einstellungen TMC",          nullptr,   Menu::Settings, 6,  nullptr,               17, Kind::Page},
+    {kTrack,           "Track",                      nullptr,   Menu::Pages, 7,     nullptr,               18, Kind::Page},
+    {kDiagrams,        "Diagramme",                  nullptr,   Menu::MoreViews, 4, nullptr,               19, Kind::Page},
 };
-
-bool isCommandOnly(uint16_t command) {
-    return command == kAbout || command == kStorePosition || command == kFollowPosition ||
-           command == kExtendedMenuBar;
-}
+// clang-format on
 
 const Entry* entry(uint16_t command) {
     for (const Entry& e : kEntries)
         if (e.command == command) return &e;
     return nullptr;
+}
+
+bool isCommandOnly(uint16_t command) {
+    const Entry* e = entry(command);
+    return e && e->kind == Kind::Command;
 }
 
 QString name(uint16_t command) {
@@ -53,27 +58,26 @@ std::optional<uint16_t> command(const QString& pageName) {
     return std::nullopt;
 }
 
-QStringList choiceList(bool withDiagrams) {
-    QStringList names = {"Kartenanzeige",
-                         "Kartenanzeige2",
-                         "Kartenanzeige3",
-                         "Kartenanzeige4",
-                         "Kartenanzeige5",
-                         "Fahrtenbuch",
-                         "Einstellungen Hotkeys",
-                         "Geschwindigkeitsanzeige",
-                         "POI Konfiguration",
-                         "GoTo Seite",
-                         "MN Schnellstart",
-                         "Höhenansicht",
-                         "Satelliten",
-                         "Position",
-                         "Andere Einstellungen",
-                         "MN AddOns",
-                         "Einstellungen Datenquelle",
-                         "Einstellungen TMC",
-                         "Track"};
-    if (withDiagrams) names << QStringLiteral("Diagramme");
+QString menuText(const Entry& e) {
+    return QString::fromUtf8(e.menuText ? e.menuText : e.name);
+}
+
+QList<const Entry*> menu(Menu group) {
+    QList<const Entry*> items;
+    for (const Entry& e : kEntries)
+        if (e.menu == group) items << &e;
+    std::ranges::sort(items, {}, &Entry::menuPosition);
+    return items;
+}
+
+QStringList choiceList(bool bWithDiagrams) {
+    QList<const Entry*> offered;
+    for (const Entry& e : kEntries)
+        if (e.choicePosition >= 0 && (bWithDiagrams || e.command != kDiagrams)) offered << &e;
+    std::ranges::sort(offered, {}, &Entry::choicePosition);
+    QStringList names;
+    for (const Entry* e : offered)
+        names << QString::fromUtf8(e->name);
     return names;
 }
 

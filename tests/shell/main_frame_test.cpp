@@ -1,12 +1,14 @@
 #include "TestApplication.h"
+#include "settings/CRegistryKey.h"
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
-#include "settings/CRegistryKey.h"
 #include "shell/ui/CPageView.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
+#include <QMenuBar>
 #include <QSignalSpy>
+#include <QToolBar>
 #include <gtest/gtest.h>
 
 namespace {
@@ -24,7 +26,51 @@ QString currentView() {
     return view;
 }
 
+// The menu as the user reads it: "-" a separator, "Sub/Item" an item of a submenu, "*" a check mark.
+QStringList menuLines(const QMenu* menu, const QString& prefix = QString()) {
+    QStringList lines;
+    for (const QAction* action : menu->actions()) {
+        if (action->isSeparator())
+            lines << prefix + '-';
+        else if (action->menu())
+            lines << menuLines(action->menu(), prefix + action->text() + '/');
+        else
+            lines << prefix + action->text() + (action->isChecked() ? "*" : "");
+    }
+    return lines;
+}
+
 } // namespace
+
+TEST(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
+    ensureApplication();
+    TestRoot root;
+    writeUserPage(root, "a.ini", "Meine Seite");
+    CMainFrame frame{PageFactory()};
+    ASSERT_TRUE(frame.SelectPage(0x8063));
+    const QList<QAction*> menus = frame.menuBar()->actions();
+    ASSERT_EQ(menus.size(), 1);
+    EXPECT_EQ(menus[0]->text(), "Ansicht");
+    EXPECT_EQ(
+        menuLines(menus[0]->menu()).join('|'),
+        QString::fromUtf8("Info über Tarvik...|-|Meine Seite|Geschwindigkeitsanzeige|Kartenanzeige|"
+                          "Höhenansicht|Satelliten|Position|Fahrtenbuch|GoTo Seite|Track|MN Schnellstart|"
+                          "Weitere Ansichten/Kartenanzeige 2|Weitere Ansichten/Kartenanzeige 3*|"
+                          "Weitere Ansichten/Kartenanzeige 4|Weitere Ansichten/Kartenanzeige 5|"
+                          "Weitere Ansichten/Diagramme|-|Einstellungen/MN AddOns|"
+                          "Einstellungen/Andere Einstellungen|Einstellungen/Meldungen|"
+                          "Einstellungen/POI Konfiguration|Einstellungen/Tarvik Livepos|"
+                          "Einstellungen/Einstellungen Hotkeys|Einstellungen/Einstellungen TMC|"
+                          "Einstellungen/Einstellungen Datenquelle|-|Beenden"));
+    EXPECT_EQ(frame.PageNames().join('|'),
+              QString::fromUtf8("Kartenanzeige|Kartenanzeige2|Kartenanzeige3|Kartenanzeige4|Kartenanzeige5|"
+                                "Fahrtenbuch|Einstellungen Hotkeys|Geschwindigkeitsanzeige|POI Konfiguration|"
+                                "GoTo Seite|MN Schnellstart|Höhenansicht|Satelliten|Position|"
+                                "Andere Einstellungen|MN AddOns|Einstellungen Datenquelle|Einstellungen TMC|"
+                                "Track|Diagramme|Meine Seite"));
+    EXPECT_EQ(PageTable::choiceList(false).size(), 19); // without the diagram page
+    EXPECT_FALSE(PageTable::choiceList(false).contains("Diagramme"));
+}
 
 TEST(MainFrame, SelectsPagesByName) {
     ensureApplication();
@@ -62,23 +108,27 @@ TEST(MainFrame, CommandBarFollowsThePageShown) {
     ensureApplication();
     TestRoot root;
     CMainFrame frame{PageFactory()};
+    const auto* bar = frame.findChild<QToolBar*>();
     const struct {
         const char* legend;
         uint16_t shown;
-        QList<uint16_t> buttons;
+        const char* buttons; // what each button reads, and its command
     } cases[] = {
-        {"speed page", 0x8008, {0x8061, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x804F}},
-        {"map page 3: no map button, extended bar",
-         0x8063,
-         {0x8008, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x806F}},
-        {"first map page", 0x8061, {0x8008, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x8056, 0x806F}},
-        {"satellites: no satellites button",
-         0x8056,
-         {0x8008, 0x8061, 0x801A, 0x8015, 0x8004, 0x8033, 0x8011, 0x804F}},
+        {"speed page", 0x8008,
+         "Karte 8061 Höhe 801a GoTo 8015 Fahrten 8004 MN 8033 POI 8011 Sat 8056 Pos+ 804f"},
+        {"map page 3: no map button, extended bar", 0x8063,
+         "Tempo 8008 Höhe 801a GoTo 8015 Fahrten 8004 MN 8033 POI 8011 Sat 8056 Menü 806f"},
+        {"first map page", 0x8061,
+         "Tempo 8008 Höhe 801a GoTo 8015 Fahrten 8004 MN 8033 POI 8011 Sat 8056 Menü 806f"},
+        {"satellites: no satellites button", 0x8056,
+         "Tempo 8008 Karte 8061 Höhe 801a GoTo 8015 Fahrten 8004 MN 8033 POI 8011 Pos+ 804f"},
     };
     for (const auto& c : cases) {
         ASSERT_TRUE(frame.SelectPage(c.shown)) << c.legend;
-        EXPECT_EQ(frame.CommandBarCommands(), c.buttons) << c.legend;
+        QStringList buttons;
+        for (const QAction* action : bar->actions())
+            buttons << action->text() << QString::number(action->data().toUInt(), 16);
+        EXPECT_EQ(buttons.join(' '), QString::fromUtf8(c.buttons)) << c.legend;
     }
 }
 
@@ -105,7 +155,9 @@ TEST(MainFrame, MemoryPressureKeepsTheShownPageAndDeletesTheOthers) {
     frame.SelectPage(0x8061);
     frame.SelectPage(0x801A);
     ASSERT_NE(frame.ExistingPage(0x8061), nullptr);
-    ASSERT_NE(frame.ExistingPage(0x8015), nullptr); // made with the frame
+    for (uint16_t madeWithTheFrame : {0x8015, 0x8014, 0x8031}) // GoTo, hotkeys, MN AddOns
+        ASSERT_NE(frame.ExistingPage(madeWithTheFrame), nullptr);
+    ASSERT_EQ(frame.ExistingPage(0x8008), nullptr); // the others on first selection
     QSignalSpy closing(&frame, &CMainFrame::closing);
     for (int i = 0; i < 3; ++i)
         frame.OnHibernate();
@@ -127,6 +179,6 @@ TEST(MainFrame, TheExitCommandAlwaysCloses) {
     CMainFrame frame{PageFactory()};
     EXPECT_EQ(frame.ReserveBlocks(), 1);
     QSignalSpy closing(&frame, &CMainFrame::closing);
-    frame.Exit();
+    frame.menuBar()->actions()[0]->menu()->actions().last()->trigger(); // "Beenden"
     EXPECT_EQ(closing.count(), 1);
 }

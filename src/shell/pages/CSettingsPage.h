@@ -9,7 +9,7 @@ class QDoubleSpinBox;
 class QLineEdit;
 class QSpinBox;
 
-// "Andere Einstellungen": volume, the program started with this one, power and priority, the clock
+// The page of general settings: volume, the program started with this one, power and priority, the clock
 // and the heading threshold. Every change is written at once.
 class CSettingsPage : public CPageView {
     Q_OBJECT
