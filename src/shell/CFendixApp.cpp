@@ -33,8 +33,6 @@ constexpr const char* kTouchStyle =
     "QCheckBox { min-height: 34px; }"
     "QCheckBox::indicator { width: 22px; height: 22px; }"
     "QScrollBar:vertical { width: 24px; } QScrollBar:horizontal { height: 24px; }";
-// A second memory-pressure report within this time counts as the system asking the program to close.
-constexpr int kPressureBurstMs = 10000;
 } // namespace
 
 CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root), m_clock(SystemDeviceClock::SetTime::Allowed) {}
@@ -85,9 +83,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSignals = new TerminationSignals(this);
     connect(m_pSignals, &TerminationSignals::terminationRequested, m_pFrame.get(), &CMainFrame::Exit);
     m_pPressure = new MemoryPressure(this);
-    connect(m_pPressure, &MemoryPressure::pressure, this, &CFendixApp::OnMemoryPressure);
-    m_pressureBurst.setSingleShot(true);
-    m_pressureBurst.setInterval(kPressureBurstMs);
+    connect(m_pPressure, &MemoryPressure::pressure, m_pFrame.get(), &CMainFrame::OnHibernate);
     return true;
 }
 
@@ -145,14 +141,6 @@ void CFendixApp::ApplyLowPriority(bool bActive) {
     }
     CRegistryKey key;
     if (readSetting(key, ShellSettings::kLowPriority)) m_bLowPriority = setCurrentThreadBelowNormal(true);
-}
-
-void CFendixApp::OnMemoryPressure() {
-    if (m_pressureBurst.isActive())
-        m_pFrame->OnSystemClose();
-    else
-        m_pFrame->OnHibernate();
-    m_pressureBurst.start();
 }
 
 void CFendixApp::ShowNotice(const QString& text) {

@@ -6,7 +6,6 @@
 #include "platform/session/IdleInhibitor.h"
 
 #include <QObject>
-#include <QTimer>
 #include <memory>
 #include <thread>
 
@@ -38,7 +37,6 @@ private:
     PageFactory MakePages();
     void StartAutoStartProgram();
     void ApplyLowPriority(bool bActive);
-    void OnMemoryPressure();
     void Shutdown();
     void ShowNotice(const QString& text); // a message that never blocks the sentences behind it
     // One notice when settings cannot be saved: at start for a read-only file, else at the first failed
@@ -58,7 +56,6 @@ private:
     IdleInhibitor m_idleInhibitor;
     StopEvent m_purgeStop;
     std::thread m_purgeThread;
-    QTimer m_pressureBurst; // a further pressure report within its period asks the frame to close
     bool m_bShutDown = false;
     bool m_bLowPriority = false;
 };

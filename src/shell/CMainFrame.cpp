@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -23,8 +24,7 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
     setWindowTitle(QStringLiteral("Tarvik"));
     setMinimumSize(220, 280);
     // A handheld-sized window that never exceeds a small screen.
-    const QSize available = screen()->availableGeometry().size();
-    resize(std::min(480, available.width()), std::min(640, available.height()));
+    fitToScreen();
     m_pStack = new QStackedWidget(this);
     setCentralWidget(m_pStack);
     m_pCommandBar = new QToolBar(this);
@@ -43,6 +43,15 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
 }
 
 CMainFrame::~CMainFrame() = default;
+
+void CMainFrame::fitToScreen() {
+    // A car PC or touch screen gets all of it; a desktop a window of two thirds, in the screen's shape.
+    const QRect available = screen()->availableGeometry();
+    const bool smallScreen =
+        available.width() <= kSmallScreen.width() || available.height() <= kSmallScreen.height();
+    const QSize size = smallScreen ? available.size() : available.size() * 2 / 3;
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, available));
+}
 
 void CMainFrame::BuildMenu() {
     const auto addItem = [this](QMenu* menu, const QString& text, uint16_t command) {
@@ -178,23 +187,13 @@ void CMainFrame::OnHibernate() {
     DevLog("OnHibernate (%d)", ReserveBlocks());
 }
 
-void CMainFrame::OnSystemClose() {
-    DevLog("OnClose");
-    if (m_nCloseBudget-- <= 0) {
-        close();
-        return;
-    }
-    FreeMemory(true);
-    DevLog("OnClose (%d)", ReserveBlocks());
-}
-
 void CMainFrame::Exit() {
-    m_nCloseBudget = 0;
-    OnSystemClose();
+    DevLog("OnClose");
+    close();
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
-    // A close by the user closes, as on any desktop; the budget only guards the memory-pressure path.
+    // A close by the user closes, as on any desktop; memory pressure never does.
     Q_EMIT closing();
     event->accept();
 }

@@ -17,8 +17,6 @@ class QToolBar;
 class CMainFrame : public QMainWindow, public PageHooks {
     Q_OBJECT
 public:
-    static constexpr int kCloseBudget = 10;
-
     explicit CMainFrame(PageFactory factory, QWidget* parent = nullptr);
     ~CMainFrame() override;
 
@@ -34,11 +32,9 @@ public:
 
     // Drops cached data; when aggressive (and not in a page switch) deletes every page but the shown one.
     void FreeMemory(bool bAggressive);
-    // The system asks for memory (hibernate); and asks to close, which the budget answers by
-    // freeing memory ten times before it really closes.
+    // The system asks for memory: every request frees memory, and none closes the program mid-drive.
     void OnHibernate();
-    void OnSystemClose();
-    // The exit command: always closes.
+    // The exit command, SIGTERM and the user's close: always close.
     void Exit();
     int ReserveBlocks() const { return int(m_reserve.size()); }
 
@@ -56,6 +52,10 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // Screens up to this size (car PCs, touch screens, handhelds) are filled by the window.
+    static constexpr QSize kSmallScreen{1024, 768};
+
+    void fitToScreen();
     void BuildMenu();
     void RebuildCommandBar();
     void UpdateMenuChecks();
@@ -69,7 +69,6 @@ private:
     std::map<uint16_t, QAction*> m_menuActions;
     CPageView* m_pCurrentPage = nullptr;
     uint16_t m_nCurrentCommand = 0;
-    int m_nCloseBudget = kCloseBudget;
     bool m_bSwitching = false;
     std::vector<QByteArray> m_reserve;
 };

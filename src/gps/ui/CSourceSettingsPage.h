@@ -10,7 +10,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QSpinBox;
 
-// "Einstellungen Datenquelle": where the sentences come from and how they are logged. The values
+// The data source page: where the sentences come from and how they are logged. The values
 // are written when the user applies them, which restarts the source with reset; while the page is
 // shown, the raw sentences scroll at its foot.
 class CSourceSettingsPage : public CPageView {
