@@ -6,7 +6,7 @@ class CFendixDoc;
 class FittedLabel;
 class SpeedBar;
 
-// "the speed page": the fix state, the speed in large digits, trip and tour averages and
+// The speed page: the fix state, the speed in large digits, trip and tour averages and
 // distances, a distance counter of its own (tap it to reset), a bar of the speed against the
 // maximum, satellites and the time.
 class CSpeedView : public CPageView {
