@@ -18,8 +18,10 @@ const char* const kUsage =
 
 int formatCommand(ToolContext& ctx, const ToolOptions& options) {
     const bool latitude = options.has(QStringLiteral("--lat"));
-    if (options.positional().size() != 2 || latitude == options.has(QStringLiteral("--lon")))
-        return ctx.usageError(kUsage);
+    if (options.positional().size() != 2)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 2), kUsage);
+    if (latitude == options.has(QStringLiteral("--lon")))
+        return ctx.usageError(QStringLiteral("either --lat or --lon is needed"), kUsage);
     QString badText;
     const auto value = parseNumberArgs(options.positional().mid(1), badText);
     if (!value) return ctx.inputError("not a number: " + badText);
@@ -33,7 +35,8 @@ int formatCommand(ToolContext& ctx, const ToolOptions& options) {
 }
 
 int parseCommand(ToolContext& ctx, const ToolOptions& options) {
-    if (options.positional().size() != 2) return ctx.usageError(kUsage);
+    if (options.positional().size() != 2)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 2), kUsage);
     double value = 0.0;
     const bool ok = ParseCoordinate(options.positional().at(1), value);
     ctx.printJson({{"ok", ok ? QStringLiteral("true") : QStringLiteral("false")},
@@ -46,10 +49,10 @@ int parseCommand(ToolContext& ctx, const ToolOptions& options) {
 int runCoordCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--format")},
                               {QStringLiteral("--lat"), QStringLiteral("--lon"), QStringLiteral("--help")});
-    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
     if (verb == QLatin1String("format")) return formatCommand(ctx, options);
     if (verb == QLatin1String("parse")) return parseCommand(ctx, options);
-    return ctx.usageError(kUsage);
+    return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

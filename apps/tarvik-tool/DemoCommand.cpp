@@ -28,16 +28,22 @@ bool writeFile(const QString& path, const QByteArray& bytes) {
 
 int generateCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {"--seed", "--start"});
-    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() != 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     DemoDriveOptions drive;
     if (options.has("--seed")) {
         bool bOk = false;
         drive.m_nSeed = options.value("--seed").toULongLong(&bOk);
-        if (!bOk) return ctx.usageError(kUsage);
+        if (!bOk)
+            return ctx.usageError("--seed needs a whole number, not '" + options.value("--seed") + "'",
+                                  kUsage);
     }
     if (options.has("--start")) {
         const auto start = FixedDeviceClock::fromIso8601(options.value("--start"));
-        if (!start) return ctx.usageError(kUsage);
+        if (!start)
+            return ctx.usageError("--start needs an ISO 8601 time, not '" + options.value("--start") + "'",
+                                  kUsage);
         drive.m_tStartUtc = start->utcNow();
     }
     const QString file = options.positional().first();
@@ -46,7 +52,7 @@ int generateCommand(ToolContext& ctx, const QStringList& args) {
 }
 
 int soundsCommand(ToolContext& ctx, const QStringList& args) {
-    if (args.size() != 1) return ctx.usageError(kUsage);
+    if (args.size() != 1) return ctx.usageError(ToolContext::argumentCountProblem(args, 1), kUsage);
     const QDir folder(args.first());
     if (!folder.mkpath(".")) return ctx.inputError("cannot create " + folder.path());
     for (const int speed : DemoSpeedSounds::speeds()) {
@@ -57,7 +63,7 @@ int soundsCommand(ToolContext& ctx, const QStringList& args) {
 }
 
 int prepareCommand(ToolContext& ctx, const QStringList& args) {
-    if (args.size() != 1) return ctx.usageError(kUsage);
+    if (args.size() != 1) return ctx.usageError(ToolContext::argumentCountProblem(args, 1), kUsage);
     if (findDemoData({args.first()}).isEmpty())
         return ctx.inputError(args.first() + " holds no " + DemoRoot::kSettingsFile);
     if (!prepareDemoRoot(ctx.root.hostFolder(), args.first()))
@@ -73,5 +79,5 @@ int runDemoCommand(ToolContext& ctx, QStringList args) {
     if (verb == "generate") return generateCommand(ctx, args);
     if (verb == "sounds") return soundsCommand(ctx, args);
     if (verb == "prepare") return prepareCommand(ctx, args);
-    return ctx.usageError(kUsage);
+    return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

@@ -18,10 +18,14 @@ const char* const kUsage =
 int runFakeReceiverCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--speed"}, {"--loop", "--help"});
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
-    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() != 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     bool numeric = true;
     const int speed = options.has("--speed") ? options.value("--speed").toInt(&numeric) : 1;
-    if (!numeric || speed < 1) return ctx.usageError(kUsage);
+    if (!numeric || speed < 1)
+        return ctx.usageError(
+            "--speed needs a whole number of at least 1, not '" + options.value("--speed") + "'", kUsage);
 
     QFile file(options.positional().first());
     if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());

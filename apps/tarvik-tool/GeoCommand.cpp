@@ -17,11 +17,13 @@ const char* const kUsage =
 
 int runGeoCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {}, {QStringLiteral("--help")});
-    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
-    if ((verb != QLatin1String("dist") && verb != QLatin1String("dest")) || options.positional().size() != 5)
-        return ctx.usageError(kUsage);
+    if (verb != QLatin1String("dist") && verb != QLatin1String("dest"))
+        return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
+    if (options.positional().size() != 5)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 5), kUsage);
     QString badText;
     const auto n = parseNumberArgs(options.positional().mid(1), badText);
     if (!n) return ctx.inputError("not a number: " + badText);

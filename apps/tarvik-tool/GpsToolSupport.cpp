@@ -5,6 +5,10 @@
 #include <cstdio>
 #include <cstring>
 
+QString nowProblem(const ToolOptions& options) {
+    return "--now needs an ISO 8601 time such as 2026-05-22T12:00:00, not '" + options.value("--now") + "'";
+}
+
 std::optional<FixedDeviceClock> commandClock(const QString& nowOption) {
     if (!nowOption.isEmpty()) return FixedDeviceClock::fromIso8601(nowOption);
     const SystemDeviceClock machine;

@@ -11,6 +11,8 @@
 // time of the start. A command never sets the machine's clock: requests are only recorded.
 // Nothing when `--now` is no date and time.
 std::optional<FixedDeviceClock> commandClock(const QString& nowOption);
+// The one-line problem of an unreadable --now.
+QString nowProblem(const ToolOptions& options);
 
 // Writes CSV rows of plain fields (numbers, times, names without commas) to stdout in large
 // blocks: a long log gives a long table, and its output must not cost more than its reading.

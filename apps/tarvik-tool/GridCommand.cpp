@@ -107,7 +107,7 @@ int mercInverse(ToolContext& ctx, const QList<double>& n) {
 
 int runGridCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--zone")}, {QStringLiteral("--help")});
-    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QStringList pos = options.positional();
     const QString verb = pos.value(0);
@@ -117,8 +117,10 @@ int runGridCommand(ToolContext& ctx, QStringList args) {
     const qsizetype numberCount = mgrsVerb && pos.size() == 4 ? 2 : pos.size() - 1;
     const bool known = verb == QLatin1String("utm") || verb == QLatin1String("merc") ||
                        verb == QLatin1String("merc-inverse") || mgrsVerb;
-    if (!known || numberCount != 2 || (options.has(QStringLiteral("--zone")) && verb != QLatin1String("utm")))
-        return ctx.usageError(kUsage);
+    if (!known) return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
+    if (numberCount != 2) return ctx.usageError(QStringLiteral("two numbers are needed"), kUsage);
+    if (options.has(QStringLiteral("--zone")) && verb != QLatin1String("utm"))
+        return ctx.usageError(QStringLiteral("--zone goes with utm only"), kUsage);
     QString badText;
     const auto n = parseNumberArgs(pos.mid(1, 2), badText);
     if (!n) return ctx.inputError("not a number: " + badText);

@@ -93,11 +93,11 @@ bool writeAs(CIniFile& ini, const QString& kind, const QString& section, const Q
 
 int runIniCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {QStringLiteral("--as")}, {QStringLiteral("--help")});
-    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QStringList pos = options.positional();
     const QString kind = options.value(QStringLiteral("--as"), QStringLiteral("string"));
-    if (!kKinds.contains(kind)) return ctx.usageError(kUsage);
+    if (!kKinds.contains(kind)) return ctx.usageError("unknown --as kind '" + kind + "'", kUsage);
     const QString verb = pos.value(0);
     CIniFile ini;
     if (verb == QLatin1String("get") && pos.size() == 4) {
@@ -120,5 +120,8 @@ int runIniCommand(ToolContext& ctx, QStringList args) {
         return ini.Save(pos[1]) ? ToolContext::kOk
                                 : ctx.inputError("cannot write " + pos[1] + "; the old file is unchanged");
     }
-    return ctx.usageError(kUsage);
+    if (verb != QLatin1String("get") && verb != QLatin1String("set"))
+        return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
+    return ctx.usageError(ToolContext::argumentCountProblem(pos, verb == QLatin1String("get") ? 4 : 5),
+                          kUsage);
 }

@@ -22,12 +22,16 @@ const char* const kUsage =
 
 int parseCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {"--now", "--source"});
-    if (!options.ok() || options.positional().size() > 1) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() > 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     const auto clock = commandClock(options.value("--now"));
-    if (!clock) return ctx.usageError(kUsage);
+    if (!clock) return ctx.usageError(nowProblem(options), kUsage);
     bool bSourceOk = false;
     const uint source = options.value("--source", "1").toUInt(&bSourceOk);
-    if (!bSourceOk || source > 255) return ctx.usageError(kUsage);
+    if (!bSourceOk || source > 255)
+        return ctx.usageError(
+            "--source needs a number from 0 to 255, not '" + options.value("--source") + "'", kUsage);
 
     const QString path = options.positional().value(0, "-");
     QFile file(path);
@@ -62,29 +66,41 @@ int parseCommand(ToolContext& ctx, const QStringList& args) {
     return ToolContext::kOk;
 }
 
-bool readNumber(const ToolOptions& options, const char* name, double low, double high, double& value) {
+// Each reader names the option when its value is wrong.
+std::optional<QString> readNumber(const ToolOptions& options, const char* name, double low, double high,
+                                  double& value) {
     bool bOk = false;
     value = options.value(name).toDouble(&bOk);
-    return bOk && value >= low && value <= high;
+    if (bOk && value >= low && value <= high) return std::nullopt;
+    return QStringLiteral("%1 needs a number from %2 to %3, not '%4'")
+        .arg(name)
+        .arg(low)
+        .arg(high)
+        .arg(options.value(name));
 }
 
-bool readByte(const ToolOptions& options, const char* name, uint8_t& value) {
+std::optional<QString> readByte(const ToolOptions& options, const char* name, uint8_t& value) {
     bool bOk = false;
     const uint number = options.value(name).toUInt(&bOk);
     value = static_cast<uint8_t>(number);
-    return bOk && number <= 255;
+    if (bOk && number <= 255) return std::nullopt;
+    return QStringLiteral("%1 needs a number from 0 to 255, not '%2'").arg(name, options.value(name));
 }
 
 int ggaCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {"--lon", "--lat", "--time", "--valid", "--sats"});
     GpsFix fix;
     const QDateTime time = QDateTime::fromString(options.value("--time"), Qt::ISODate);
-    if (!options.ok() || !options.positional().isEmpty() ||
-        !readNumber(options, "--lon", -180, 180, fix.m_dPosLong) ||
-        !readNumber(options, "--lat", -90, 90, fix.m_dPosLat) ||
-        !readByte(options, "--valid", fix.m_nValid) || !readByte(options, "--sats", fix.m_nSatellites) ||
-        !time.isValid())
-        return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (!options.positional().isEmpty())
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 0), kUsage);
+    for (const auto& problem :
+         {readNumber(options, "--lon", -180, 180, fix.m_dPosLong),
+          readNumber(options, "--lat", -90, 90, fix.m_dPosLat), readByte(options, "--valid", fix.m_nValid),
+          readByte(options, "--sats", fix.m_nSatellites)})
+        if (problem) return ctx.usageError(*problem, kUsage);
+    if (!time.isValid())
+        return ctx.usageError("--time needs an ISO 8601 time, not '" + options.value("--time") + "'", kUsage);
     const int32_t offset = time.offsetFromUtc();
     fix.m_tFixTime = time.toSecsSinceEpoch() + offset;
     ctx.out << QString::fromStdString(buildSyntheticGga(fix, offset));
@@ -98,5 +114,5 @@ int runNmeaCommand(ToolContext& ctx, QStringList args) {
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
     if (verb == "parse") return parseCommand(ctx, args);
     if (verb == "gga") return ggaCommand(ctx, args);
-    return ctx.usageError(kUsage);
+    return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

@@ -3,6 +3,7 @@
 #include "settings/RegistryHive.h"
 
 #include <QFile>
+#include <QHash>
 #include <QSaveFile>
 
 namespace {
@@ -12,7 +13,7 @@ const char* const kUsage =
     "       tarvik-tool reg set KEY NAME --type sz|dword|binary VALUE\n"
     "       tarvik-tool reg list KEY\n"
     "       tarvik-tool reg delete KEY [NAME]\n"
-    "       tarvik-tool reg export [KEY] FILE\n"
+    "       tarvik-tool reg export [KEY] FILE|-\n"
     "       tarvik-tool reg import FILE\n"
     "KEY is a full key name such as HKCU\\SOFTWARE\\Omvale\\Fendix (HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE,\n"
     "HKCU, HKLM). Binary values are hex bytes (\"01ff\" or \"01,ff\"); dwords decimal or 0x-hex.\n"
@@ -61,7 +62,7 @@ public:
 
     int run(const QStringList& args) {
         const ToolOptions options(args, {QStringLiteral("--type")}, {QStringLiteral("--help")});
-        if (!options.ok()) return m_ctx.usageError(options.error() + '\n' + kUsage);
+        if (!options.ok()) return m_ctx.usageError(options.error(), kUsage);
         const QStringList pos = options.positional();
         if (ToolContext::helpRequested(args)) return m_ctx.printUsage(kUsage);
         const QString verb = pos.value(0);
@@ -74,7 +75,16 @@ public:
         if (verb == QLatin1String("export") && (pos.size() == 2 || pos.size() == 3))
             return exportTo(pos.size() == 3 ? pos[1] : QString(), pos.last());
         if (verb == QLatin1String("import") && pos.size() == 2) return importFrom(pos[1]);
-        return m_ctx.usageError(kUsage);
+        if (verb == QLatin1String("set") && pos.size() == 4)
+            return m_ctx.usageError(QStringLiteral("set needs --type"), kUsage);
+        // Arguments of each verb, the verb included: least and most.
+        const QHash<QString, std::pair<int, int>> kArguments = {{"get", {3, 3}},    {"set", {4, 4}},
+                                                                {"list", {2, 2}},   {"delete", {2, 3}},
+                                                                {"export", {2, 3}}, {"import", {2, 2}}};
+        if (!kArguments.contains(verb))
+            return m_ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
+        const auto [least, most] = kArguments[verb];
+        return m_ctx.usageError(ToolContext::argumentCountProblem(pos, least, most), kUsage);
     }
 
 private:
@@ -111,6 +121,9 @@ private:
         const auto key = m_hive.findKey(name->root, name->path);
         if (!key) return m_ctx.inputError("no key " + name->fullName());
         m_ctx.printCsvRow({"name", "type", "value"});
+        // Subkeys first, as regedit shows them, with the type "key".
+        for (const QString& subkey : m_hive.subkeyNames(name->root, name->path))
+            m_ctx.printCsvRow({subkey, QStringLiteral("key"), QString()});
         for (const QString& valueName : m_hive.valueNames(*key))
             if (const auto value = m_hive.value(*key, valueName))
                 m_ctx.printCsvRow({valueName, typeName(value->type), valueText(*value)});
@@ -136,9 +149,17 @@ private:
             if (!m_hive.findKey(from->root, from->path))
                 return m_ctx.inputError("no key " + from->fullName());
         }
+        const QByteArray text = RegFile::exportHive(m_hive, from);
+        if (file == QLatin1String("-")) {
+            m_ctx.out.flush();
+            const bool written =
+                std::fwrite(text.constData(), 1, size_t(text.size()), stdout) == size_t(text.size());
+            return written && std::fflush(stdout) == 0 ? ToolContext::kOk
+                                                       : m_ctx.inputError("cannot write standard output");
+        }
         QSaveFile out(file);
         if (!out.open(QIODevice::WriteOnly)) return m_ctx.inputError("cannot write " + file);
-        out.write(RegFile::exportHive(m_hive, from));
+        out.write(text);
         return out.commit() ? ToolContext::kOk : m_ctx.inputError("cannot write " + file);
     }
 

@@ -123,13 +123,16 @@ void printSummary(ToolContext& ctx, const ReplaySummary& summary) {
 int runReplayCommand(ToolContext& ctx, QStringList args) {
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const ToolOptions options(args, {"--now", "--set"});
-    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() != 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     auto clock = commandClock(options.value("--now"));
-    if (!clock) return ctx.usageError(kUsage);
+    if (!clock) return ctx.usageError(nowProblem(options), kUsage);
     for (const QString& assignment : options.values("--set")) {
-        if (!assignment.contains('=')) return ctx.usageError(kUsage);
+        if (!assignment.contains('='))
+            return ctx.usageError("--set needs NAME=VALUE, not '" + assignment + "'", kUsage);
         QString error;
-        if (!storeSetting(assignment, error)) return ctx.usageError(error);
+        if (!storeSetting(assignment, error)) return ctx.usageError(error, kUsage);
     }
     QFile file(options.positional().first());
     if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());

@@ -27,7 +27,10 @@ const char* const kUsage =
 int listBands(ToolContext& ctx, const ToolOptions& options) {
     CRegistryKey key;
     SpeedSoundTable table;
-    table.scan(options.value("--dir", readSetting(key, SoundSettings::kSpeedWaves)), ctx.root);
+    const QString folder = options.value("--dir", readSetting(key, SoundSettings::kSpeedWaves));
+    if (options.has("--dir") && !QFileInfo(ctx.root.hostPath(folder)).isDir())
+        return ctx.inputError("no folder " + folder);
+    table.scan(folder, ctx.root);
     ctx.printCsvRow({"kmh", "file"});
     for (int speed : table.speeds())
         ctx.printCsvRow({QString::number(speed), table.fileOf(speed)});
@@ -35,7 +38,7 @@ int listBands(ToolContext& ctx, const ToolOptions& options) {
 }
 
 int computeOneVolume(ToolContext& ctx, const ToolOptions& options) {
-    if (!options.has("--speed")) return ctx.usageError(kUsage);
+    if (!options.has("--speed")) return ctx.usageError("volume needs --speed", kUsage);
     CRegistryKey key;
     const VolumeSettings settings = VolumeSettings::read(key);
     const uint32_t stored = static_cast<uint32_t>(readSetting(key, SoundSettings::kWaveVolume));
@@ -73,12 +76,13 @@ int installDefaults(ToolContext& ctx) {
 int runSoundCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--dir", "--speed", "--noise", "--base"},
                               {"--help", "--mute", "--force"});
-    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
-    if (options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (options.positional().size() > 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     if (verb == QLatin1String("bands")) return listBands(ctx, options);
     if (verb == QLatin1String("volume")) return computeOneVolume(ctx, options);
     if (verb == QLatin1String("defaults")) return installDefaults(ctx);
-    return ctx.usageError(kUsage);
+    return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

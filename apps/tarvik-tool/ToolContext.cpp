@@ -10,7 +10,8 @@
 ToolContext::ToolContext(const DeviceRoot& deviceRoot) : root(deviceRoot), out(stdout), err(stderr) {}
 
 bool ToolContext::helpRequested(const QStringList& args) {
-    return args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"));
+    const QStringList options = args.mid(0, args.indexOf(QStringLiteral("--")));
+    return options.contains(QStringLiteral("--help")) || options.contains(QStringLiteral("-h"));
 }
 
 int ToolContext::printUsage(const QString& usage) {
@@ -18,9 +19,22 @@ int ToolContext::printUsage(const QString& usage) {
     return kOk;
 }
 
-int ToolContext::usageError(const QString& usage) {
-    err << "usage: " << usage << Qt::endl;
+int ToolContext::usageError(const QString& problem, const QString& usage) {
+    err << "tarvik-tool: " << problem << '\n' << "usage: " << usage << Qt::endl;
     return kUsageError;
+}
+
+QString ToolContext::argumentCountProblem(const QStringList& positional, qsizetype least, qsizetype most) {
+    if (most < least) most = least;
+    if (positional.size() > most) return QStringLiteral("unexpected argument '%1'").arg(positional[most]);
+    const qsizetype missing = least - positional.size();
+    return missing == 1 ? QStringLiteral("an argument is missing")
+                        : QStringLiteral("%1 arguments are missing").arg(missing);
+}
+
+QString ToolContext::unknownVerbProblem(const QString& verb) {
+    return verb.isEmpty() ? QStringLiteral("a verb is needed")
+                          : QStringLiteral("unknown verb '%1'").arg(verb);
 }
 
 int ToolContext::inputError(const QString& message) {
@@ -63,6 +77,10 @@ void ToolContext::printCsvRow(const QStringList& fields) {
 ToolOptions::ToolOptions(QStringList args, const QStringList& valueOptions, const QStringList& flagOptions) {
     while (!args.isEmpty()) {
         const QString arg = args.takeFirst();
+        if (arg == QLatin1String("--")) { // the rest are arguments, even when they start with "-"
+            m_positional << args;
+            return;
+        }
         if (valueOptions.contains(arg)) {
             if (args.isEmpty()) {
                 m_strError = arg + QStringLiteral(" needs a value");

@@ -25,8 +25,11 @@ public:
     static bool helpRequested(const QStringList& args);
     // Prints "usage: ..." on stdout and returns kOk: the answer to "--help".
     int printUsage(const QString& usage);
-    // Prints "usage: ..." on stderr and returns kUsageError.
-    int usageError(const QString& usage);
+    // Names the problem in one line, then prints "usage: ..." on stderr; returns kUsageError.
+    int usageError(const QString& problem, const QString& usage);
+    // The problem of a command line with the wrong number of arguments.
+    static QString argumentCountProblem(const QStringList& positional, qsizetype least, qsizetype most = -1);
+    static QString unknownVerbProblem(const QString& verb);
     // Prints "tarvik-tool: <message>" on stderr and returns kInputError.
     int inputError(const QString& message);
 

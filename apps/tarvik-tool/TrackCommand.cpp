@@ -17,9 +17,11 @@ const char* const kUsage =
 
 int readCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {"--now"}, {"--details"});
-    if (!options.ok() || options.positional().size() != 1) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() != 1)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     const auto clock = commandClock(options.value("--now"));
-    if (!clock) return ctx.usageError(kUsage);
+    if (!clock) return ctx.usageError(nowProblem(options), kUsage);
     QFile file(options.positional().first());
     if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
 
@@ -44,5 +46,5 @@ int runTrackCommand(ToolContext& ctx, QStringList args) {
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
     if (verb == "read") return readCommand(ctx, args);
-    return ctx.usageError(kUsage);
+    return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

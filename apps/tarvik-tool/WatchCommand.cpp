@@ -23,13 +23,17 @@ const char* const kUsage =
 int runWatchCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args, {"--source", "--device", "--seconds"}, {"--help"});
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
-    if (!options.ok() || !options.positional().isEmpty()) return ctx.usageError(kUsage);
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (!options.positional().isEmpty())
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 0), kUsage);
     bool numeric = true;
     const int seconds = options.has("--seconds") ? options.value("--seconds").toInt(&numeric) : 0;
     const QString source = options.value("--source");
-    if (!numeric || seconds < 0 ||
-        (!source.isEmpty() && SourceTable::name(SourceTable::lookUp(source)) != source))
-        return ctx.usageError(kUsage);
+    if (!numeric || seconds < 0)
+        return ctx.usageError(
+            "--seconds needs a whole number of at least 0, not '" + options.value("--seconds") + "'", kUsage);
+    if (!source.isEmpty() && SourceTable::name(SourceTable::lookUp(source)) != source)
+        return ctx.usageError("unknown source '" + source + "'", kUsage);
 
     // A diagnosis must not move the machine's clock to a receiver's (or a recording's) time.
     SystemDeviceClock clock(SystemDeviceClock::SetTime::Never);
@@ -60,5 +64,11 @@ int runWatchCommand(ToolContext& ctx, QStringList args) {
     QCoreApplication::exec();
     documentSource.controller().stopSource();
     doc.Log().close();
-    return failures > 0 && sentences == 0 ? ToolContext::kInputError : ToolContext::kOk;
+    if (sentences > 0) return ToolContext::kOk;
+    // The failure itself was printed as it happened; a silent source is named here.
+    if (failures == 0)
+        ctx.err << "tarvik-tool: nothing received from source "
+                << SourceTable::name(documentSource.controller().sourceIndex()) << " in " << seconds << " s"
+                << Qt::endl;
+    return ToolContext::kInputError;
 }

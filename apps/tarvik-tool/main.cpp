@@ -45,7 +45,12 @@ int main(int argc, char* argv[]) {
     QCoreApplication app(argc, argv);
     QStringList args = app.arguments().mid(1);
     QString rootOption;
-    if (args.size() >= 2 && args.first() == QLatin1String("--root")) {
+    if (!args.isEmpty() && args.first() == QLatin1String("--root")) {
+        // An empty root would silently become the default one: the user's real settings.
+        if (args.size() < 2 || args.at(1).isEmpty()) {
+            QTextStream(stderr) << "tarvik-tool: --root needs a folder\n";
+            return ToolContext::kUsageError;
+        }
         rootOption = args.at(1);
         args = args.mid(2);
     }
