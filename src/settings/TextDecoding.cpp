@@ -41,10 +41,12 @@ std::optional<QStringConverter::Encoding> guessUtf16(const QByteArray& bytes) {
     return std::nullopt;
 }
 
-bool isValidUtf8(const QByteArray& bytes) {
+// The text when the bytes are valid UTF-8; decoded once, as files can be large.
+std::optional<QString> fromValidUtf8(const QByteArray& bytes) {
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
-    const QString decoded = decoder.decode(bytes); // decoding happens on conversion to QString
-    return !decoder.hasError();
+    QString decoded = decoder.decode(bytes); // decoding happens on conversion to QString
+    if (decoder.hasError()) return std::nullopt;
+    return decoded;
 }
 
 } // namespace
@@ -57,7 +59,8 @@ QString decodeText(const QByteArray& bytes) {
     if (bytes.startsWith("\xEF\xBB\xBF"))
         return decodeWith(QStringConverter::Utf8, QByteArrayView(bytes).sliced(3));
     if (const auto utf16 = guessUtf16(bytes)) return decodeWith(*utf16, bytes);
-    return isValidUtf8(bytes) ? QString::fromUtf8(bytes) : fromCp1252(bytes);
+    if (auto utf8 = fromValidUtf8(bytes)) return *std::move(utf8);
+    return fromCp1252(bytes);
 }
 
 bool isText(const QByteArray& bytes) {
