@@ -115,6 +115,8 @@ PageFactory CFendixApp::MakePages() {
         CSettingsPage::Actions actions;
         actions.volumeSettingsChanged = [this] {
             m_pSounds->loadVolumeSettings();
+            // Storing the speed or noise volume settings brings the user's base volume back to neutral.
+            m_pSounds->setBaseVolume(kNeutralBaseVolume);
             m_pSounds->updateVolume(true);
         };
         actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };

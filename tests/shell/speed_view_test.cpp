@@ -1,11 +1,15 @@
 #include "TestApplication.h"
 #include "gps/CFendixDoc.h"
 #include "gps/sources/SourceTable.h"
+#include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "platform/DeviceClock.h"
 #include "shell/ui/FittedLabel.h"
 #include "support/TestRoot.h"
 
+#include "settings/CRegistryKey.h"
+
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -62,4 +66,19 @@ TEST(SpeedView, ShowsTheDocumentState) {
         for (const QString& expected : c.expected)
             EXPECT_TRUE(texts.contains(expected)) << c.legend << ": " << expected.toStdString();
     }
+}
+
+TEST(SourceSettingsPage, ApplyKeepsLoggedTypesWithoutABox) {
+    ensureApplication();
+    TestRoot root;
+    CRegistryKey().WriteString("LogType", "$GPGGA,$GPZDA,$GPRMC");
+    bool applied = false;
+    CSourceSettingsPage page([&applied] { applied = true; });
+    for (QPushButton* button : page.findChildren<QPushButton*>())
+        if (button->text() == "Übernehmen") button->click();
+    QString logged;
+    CRegistryKey().ReadString("LogType", logged);
+    EXPECT_TRUE(applied);
+    EXPECT_TRUE(logged.split(',').contains("$GPZDA")) << logged.toStdString();
+    EXPECT_TRUE(logged.split(',').contains("$GPRMC")) << logged.toStdString();
 }

@@ -40,7 +40,7 @@ public:
     // follows speed or noise.
     void updateVolume(bool bForce);
 
-    int baseVolume() const { return m_nBaseVolume; } // percent, 50 neutral
+    int baseVolume() const { return m_nBaseVolume; } // percent, see kNeutralBaseVolume
     void setBaseVolume(int percent);                 // clamped to 0..100; call updateVolume(true) after
     bool isSoundOn() const { return m_bSoundOn; }
     void setSoundOn(bool bOn) { m_bSoundOn = bOn; } // call updateVolume(true) after
@@ -69,7 +69,7 @@ private:
     AlertSoundFiles m_alerts;
     SpeedSoundTable m_speedSounds;
     VolumeSettings m_volume;
-    int m_nBaseVolume = 50;
+    int m_nBaseVolume = kNeutralBaseVolume;
     bool m_bSoundOn = true;
     bool m_bNoiseMeasured = false;
     uint32_t m_nStoredWaveVolume = 0xFFFFFFFF;

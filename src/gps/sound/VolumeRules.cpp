@@ -58,6 +58,6 @@ VolumeChange computeVolume(const VolumeSettings& settings, const VolumeInput& in
 }
 
 int startBaseVolume(const VolumeSettings& settings, uint32_t storedWaveVolume) {
-    if (settings.m_bSpeedVol || settings.m_nDynaSound != 0) return 50;
+    if (settings.m_bSpeedVol || settings.m_nDynaSound != 0) return kNeutralBaseVolume;
     return int(storedWaveVolume & 0xFFFF) / 655;
 }

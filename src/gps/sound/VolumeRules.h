@@ -5,12 +5,15 @@
 #include <QString>
 #include <cstdint>
 
+// The base volume (percent) at which neither speed nor noise raises or lowers the volume.
+inline constexpr int kNeutralBaseVolume = 50;
+
 // What the volume depends on besides the settings.
 struct VolumeInput {
-    float m_fSpeed = 0;            // km/h
-    bool m_bNoiseMeasured = false; // the noise measurement runs ("DynaSound" non-zero)
-    int m_nNoiseLevel = 0;         // 0..255, see NoiseMeter
-    int m_nBaseVolume = 50;        // percent; 50 is neutral
+    float m_fSpeed = 0;                     // km/h
+    bool m_bNoiseMeasured = false;          // the noise measurement runs ("DynaSound" non-zero)
+    int m_nNoiseLevel = 0;                  // 0..255, see NoiseMeter
+    int m_nBaseVolume = kNeutralBaseVolume; // percent
     bool m_bSoundOn = true;
 };
 

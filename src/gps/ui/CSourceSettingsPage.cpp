@@ -164,9 +164,15 @@ void CSourceSettingsPage::Apply() {
     key.WriteString(SourceSettings::kFile.name(), m_pFile->text());
     key.WriteDword(SourceSettings::kSimulationSpeed.name(), uint32_t(m_pSimulationSpeed->value()));
     key.WriteDword(RecordingSettings::kLogDelay.name(), uint32_t(m_pLogDelay->currentData().toInt()));
+    // Types the page has no box for (e.g. "$GPZDA", typed in by hand) stay as they were.
     QStringList logged;
-    for (QCheckBox* box : m_logTypes)
-        if (box->isChecked()) logged << box->property("sentence").toString();
+    QStringList offered;
+    for (QCheckBox* box : m_logTypes) {
+        offered << box->property("sentence").toString();
+        if (box->isChecked()) logged << offered.last();
+    }
+    for (const QString& type : readSetting(key, RecordingSettings::kLogType).split(',', Qt::SkipEmptyParts))
+        if (!offered.contains(type) && !logged.contains(type)) logged << type;
     key.WriteString(RecordingSettings::kLogType.name(), logged.join(','));
     key.WriteString(RecordingSettings::kLogDirectory.name(), m_pLogDirectory->text());
     key.WriteDword(RecordingSettings::kDelFilesOlder.name(), uint32_t(m_pDelFilesOlder->value()));
