@@ -1,6 +1,7 @@
 #include "nav/PosFormat.h"
 
 #include "nav/NavSettings.h"
+#include "settings/CRegistryKey.h"
 
 QStringList PosFormatNames() {
     return {QStringLiteral("dd°mm.mmm"), QStringLiteral("dd°mm'ss''"), QStringLiteral("dd.dddddd"),
@@ -8,7 +9,8 @@ QStringList PosFormatNames() {
 }
 
 PosFormat ReadPosFormat() {
-    const uint32_t stored = ReadNavSetting(NavSettings::PosFormat);
-    if (stored >= static_cast<uint32_t>(PosFormatNames().size())) return PosFormat::DegreesMinutes;
+    CRegistryKey key;
+    const int32_t stored = readSetting(key, NavSettings::kPosFormat);
+    if (stored < 0 || stored >= PosFormatNames().size()) return PosFormat::DegreesMinutes;
     return static_cast<PosFormat>(stored);
 }
