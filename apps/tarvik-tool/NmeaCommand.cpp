@@ -87,7 +87,7 @@ int ggaCommand(ToolContext& ctx, const QStringList& args) {
         return ctx.usageError(kUsage);
     const int32_t offset = time.offsetFromUtc();
     fix.m_tFixTime = time.toSecsSinceEpoch() + offset;
-    ctx.out << QString::fromStdString(buildSyntheticGga(fix, offset));
+    ctx.out << QString::fromLatin1(buildSyntheticGga(fix, offset));
     return ToolContext::kOk;
 }
 
