@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gps/GpsSettings.h"
+#include "gps/sources/SourceTable.h"
 
 #include <cstdint>
 
@@ -20,11 +21,6 @@ constexpr uint16_t kGll = kEpoch | kPosition;                // 66
 constexpr uint16_t kGga = kEpoch | kPosition | kAltitude;    // 70
 constexpr uint16_t kRmc = kEpoch | kPosition | kSpeedCourse; // 98
 } // namespace GpsChange
-
-// Source indexes of GpsFix::m_nSource: 0..9 are the serial ports COM0..COM9, above are the file,
-// simulation and navigation-program sources.
-constexpr uint8_t kFirstNonSerialSource = 10;
-constexpr uint8_t kMobileNavigatorSource = 12;
 
 // The receiver state the document keeps and every page reads. Written and read on the UI thread
 // only. Times are whole seconds since 1970 in *local* time (UTC plus the local offset of the
@@ -46,11 +42,11 @@ struct GpsFix {
     float m_fThresholdHeading = GpsSettings::kThresholdHeading.m_default; // km/h; below it the course is kept
     bool m_bSetSystemTime =
         GpsSettings::kSetSystemTime.m_default; // set the clock from the next serial fix, then cleared
-    uint8_t m_nSource = 0;                     // see kFirstNonSerialSource
+    uint8_t m_nSource = 0;                     // a SourceTable index
     uint16_t m_nPendingChanges = 0;            // OR of GpsChange values not yet handled by the epoch handling
 
     bool hasFix() const { return m_nValid != 0; }
-    bool fromSerialPort() const { return m_nSource < kFirstNonSerialSource; }
+    bool fromSerialPort() const { return SourceTable::isSerialPort(m_nSource); }
 };
 
 // One point of a track. Longitude and latitude come first and in this order, as the track module
