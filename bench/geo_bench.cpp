@@ -96,8 +96,9 @@ void ToMgrs(benchmark::State& state) {
     });
 }
 void FormatDegreesMinutes(benchmark::State& state) {
-    overPositions(state,
-                  [](Position a, Position) { benchmark::DoNotOptimize(FormatCoordinate(a.lat, 0, true)); });
+    overPositions(state, [](Position a, Position) {
+        benchmark::DoNotOptimize(FormatCoordinate(a.lat, PosFormat::DegreesMinutes, true));
+    });
 }
 void ParseDegreesMinutesSeconds(benchmark::State& state) {
     const QString text = QStringLiteral("E 011°34'12''");

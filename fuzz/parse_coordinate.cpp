@@ -12,8 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     double value = 0.0;
     ParseCoordinate(text, value);
     for (int8_t format = 0; format <= 5; ++format) {
-        (void)FormatCoordinate(value, format, true);
-        (void)FormatCoordinate(value, format, false);
+        (void)FormatCoordinate(value, static_cast<PosFormat>(format), true);
+        (void)FormatCoordinate(value, static_cast<PosFormat>(format), false);
     }
     int32_t zone = 0;
     char hemisphere = 0;

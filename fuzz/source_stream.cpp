@@ -9,9 +9,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size == 0) return 0;
-    const LineAssembler::Options options{.bSkipSplitterData = (data[0] & 1) != 0,
-                                         .bEndAtNewline = (data[0] & 2) != 0,
-                                         .bAcceptAllTalkers = (data[0] & 4) != 0};
+    const LineAssembler::Options options{.m_bSkipSplitterData = (data[0] & 1) != 0,
+                                         .m_bEndAtNewline = (data[0] & 2) != 0,
+                                         .m_bAcceptAllTalkers = (data[0] & 4) != 0};
     LineAssembler lines(options);
     ReplayPacer pacer(data[0] >> 4, (data[0] & 8) != 0);
     // Fed in pieces of changing size, as reads of a port deliver them.

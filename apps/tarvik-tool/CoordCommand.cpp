@@ -26,11 +26,12 @@ int formatCommand(ToolContext& ctx, const ToolOptions& options) {
     const auto value = parseNumberArgs(options.positional().mid(1), badText);
     if (!value) return ctx.inputError("not a number: " + badText);
     bool ok = false;
-    const int format = options.value(QStringLiteral("--format"), QStringLiteral("-1")).toInt(&ok);
+    const QString fromSettings = QString::number(static_cast<int>(PosFormat::FromSettings));
+    const int format = options.value(QStringLiteral("--format"), fromSettings).toInt(&ok);
     if (!ok || format < std::numeric_limits<int8_t>::min() || format > std::numeric_limits<int8_t>::max())
         return ctx.inputError("not a notation number: " + options.value(QStringLiteral("--format")));
     ctx.printJson({{"text", ToolContext::jsonString(
-                                FormatCoordinate(value->at(0), static_cast<int8_t>(format), latitude))}});
+                                FormatCoordinate(value->at(0), static_cast<PosFormat>(format), latitude))}});
     return ToolContext::kOk;
 }
 

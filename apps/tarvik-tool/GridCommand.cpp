@@ -98,7 +98,7 @@ int merc(ToolContext& ctx, const QList<double>& n) {
 int mercInverse(ToolContext& ctx, const QList<double>& n) {
     double lat = 0.0;
     double lon = 0.0;
-    MercatorMetresToGeodetic(n[0], n[1], lat, lon);
+    mercatorMetresToGeodetic(n[0], n[1], lat, lon);
     ctx.printJson({{"lat", ToolContext::number(lat)}, {"lon", ToolContext::number(lon)}});
     return ToolContext::kOk;
 }

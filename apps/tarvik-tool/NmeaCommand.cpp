@@ -103,7 +103,7 @@ int ggaCommand(ToolContext& ctx, const QStringList& args) {
         return ctx.usageError("--time needs an ISO 8601 time, not '" + options.value("--time") + "'", kUsage);
     const int32_t offset = time.offsetFromUtc();
     fix.m_tFixTime = time.toSecsSinceEpoch() + offset;
-    ctx.out << QString::fromStdString(buildSyntheticGga(fix, offset));
+    ctx.out << QString::fromLatin1(buildSyntheticGga(fix, offset));
     return ToolContext::kOk;
 }
 

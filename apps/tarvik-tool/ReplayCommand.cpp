@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "GpsToolSupport.h"
+#include "gps/GpsSettings.h"
 #include "gps/HeadlessReplay.h"
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
@@ -8,6 +9,7 @@
 #include <QFile>
 #include <charconv>
 #include <cmath>
+#include <variant>
 
 namespace {
 
@@ -22,36 +24,62 @@ const char* const kUsage =
     "max_speed_kmh, min_alt_m, max_alt_m, min_lon, max_lon, min_lat, max_lat, gradient_pct,\n"
     "epochs, valid_epochs, log_file (km, s, km/h, m, degrees, percent).";
 
-enum class Kind { Integer, Text, Decimal, Flag };
+using SettableValue = std::variant<const Setting<int32_t>*, const Setting<bool>*, const Setting<float>*,
+                                   const Setting<double>*, const Setting<const char*>*>;
 
-struct SettableValue {
-    const char* pszName;
-    Kind kind;
-};
-
-// The settings a replayed run reads, with the registry type each is stored as.
+// The settings a replayed run reads.
 const SettableValue kSettable[] = {
-    {RecordingSettings::kSpeedLimit.pszName, Kind::Integer},
-    {RecordingSettings::kMaxBreakMin.pszName, Kind::Integer},
-    {RecordingSettings::kMinSpeedForAvr2.pszName, Kind::Integer},
-    {RecordingSettings::kLogDelay.pszName, Kind::Integer},
-    {RecordingSettings::kLogType.pszName, Kind::Text},
-    {RecordingSettings::kLogDirectory.pszName, Kind::Text},
-    {RecordingSettings::kTourTime, Kind::Integer},
-    {RecordingSettings::kTour, Kind::Decimal},
-    {SourceSettings::kAutoReconnect.pszName, Kind::Integer},
-    {GpsSettings::kAltitudeOffset.pszName, Kind::Integer},
-    {GpsSettings::kAutoAltitudeOffset.pszName, Kind::Flag},
-    {GpsSettings::kThresholdHeading.pszName, Kind::Decimal},
-    {GpsSettings::kLastLong.pszName, Kind::Decimal},
-    {GpsSettings::kLastLat.pszName, Kind::Decimal},
+    &RecordingSettings::kSpeedLimit,
+    &RecordingSettings::kMaxBreakMin,
+    &RecordingSettings::kMinSpeedForAvr2,
+    &RecordingSettings::kLogDelay,
+    &RecordingSettings::kLogType,
+    &RecordingSettings::kLogDirectory,
+    &RecordingSettings::kTourTime,
+    &RecordingSettings::kTour,
+    &SourceSettings::kAutoReconnect,
+    &GpsSettings::kAltitudeOffset,
+    &GpsSettings::kAutoAltitudeOffset,
+    &GpsSettings::kThresholdHeading,
+    &GpsSettings::kLastLong,
+    &GpsSettings::kLastLat,
 };
+
+QString nameOf(const SettableValue& value) {
+    return std::visit([](auto* pSetting) { return pSetting->name(); }, value);
+}
 
 QString settableNames() {
     QStringList names;
     for (const SettableValue& value : kSettable)
-        names << QString::fromLatin1(value.pszName);
+        names << nameOf(value);
     return names.join(", ");
+}
+
+// The value of a --set text: integers and decimals as numbers, flags as 0 or 1, strings as they are.
+bool parseValue(const QString& text, int32_t& value) {
+    bool bOk = false;
+    value = text.toInt(&bOk);
+    return bOk;
+}
+bool parseValue(const QString& text, bool& value) {
+    value = text == "1";
+    return text == "0" || text == "1";
+}
+bool parseValue(const QString& text, double& value) {
+    bool bOk = false;
+    value = text.toDouble(&bOk);
+    return bOk;
+}
+bool parseValue(const QString& text, float& value) {
+    double wide = 0;
+    if (!parseValue(text, wide)) return false;
+    value = static_cast<float>(wide);
+    return true;
+}
+bool parseValue(const QString& text, QString& value) {
+    value = text;
+    return true;
 }
 
 // Stores one NAME=VALUE; false with the reason in `error` when the name or the value is not one.
@@ -59,27 +87,14 @@ bool storeSetting(const QString& assignment, QString& error) {
     const QString name = assignment.section('=', 0, 0);
     const QString text = assignment.section('=', 1);
     for (const SettableValue& value : kSettable) {
-        if (name.compare(QLatin1String(value.pszName), Qt::CaseInsensitive) != 0) continue;
-        CRegistryKey key;
-        bool bOk = true;
-        switch (value.kind) {
-        case Kind::Integer: {
-            const int32_t number = text.toInt(&bOk);
-            if (bOk) bOk = key.WriteDword(name, static_cast<uint32_t>(number));
-            break;
-        }
-        case Kind::Decimal: {
-            const double number = text.toDouble(&bOk);
-            if (bOk) bOk = key.WriteDouble(name, number);
-            break;
-        }
-        case Kind::Flag:
-            bOk = (text == "0" || text == "1") && key.WriteFlag(name, text == "1");
-            break;
-        case Kind::Text:
-            bOk = key.WriteString(name, text);
-            break;
-        }
+        if (name.compare(nameOf(value), Qt::CaseInsensitive) != 0) continue;
+        const bool bOk = std::visit(
+            [&text](auto* pSetting) {
+                typename std::remove_pointer_t<decltype(pSetting)>::Value parsed{};
+                CRegistryKey key;
+                return parseValue(text, parsed) && writeSetting(key, *pSetting, parsed);
+            },
+            value);
         if (!bOk) error = "cannot store " + assignment;
         return bOk;
     }

@@ -58,9 +58,9 @@ int computeOneVolume(ToolContext& ctx, const ToolOptions& options) {
 }
 
 int installDefaults(ToolContext& ctx) {
-    const char* const files[] = {SoundSettings::kNoFixSoundWav.defaultValue,
-                                 SoundSettings::kSignalSoundWav.defaultValue,
-                                 SoundSettings::kNoDataSoundWav.defaultValue};
+    const char* const files[] = {SoundSettings::kNoFixSoundWav.m_default,
+                                 SoundSettings::kSignalSoundWav.m_default,
+                                 SoundSettings::kNoDataSoundWav.m_default};
     QList<bool> existed;
     for (const char* file : files)
         existed << QFileInfo::exists(ctx.root.hostPath(file));

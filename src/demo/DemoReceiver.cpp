@@ -1,6 +1,6 @@
 #include "demo/DemoReceiver.h"
 
-#include "demo/NmeaLineBuilder.h"
+#include "gps/NmeaLineBuilder.h"
 
 #include <cmath>
 
@@ -12,14 +12,11 @@ constexpr int kMinUsedForFix = 4;
 constexpr double kKnotsPerKmh = 1.0 / 1.852;
 constexpr double kMovingKmh = 1.0; // below this the receiver keeps its last course
 constexpr int kGsvPerSentence = 4;
+constexpr int kDopDecimals = 2;
 // Mixed into the seed so that the receiver's errors and the sky do not repeat the numbers the
 // driver drew.
 constexpr uint64_t kReceiverStream = 0x9E3779B97F4A7C15ULL;
 constexpr uint64_t kSkyStream = 0xD1B54A32D192ED03ULL;
-
-QByteArray dop(double value) {
-    return QByteArray::number(value, 'f', 2);
-}
 
 } // namespace
 
@@ -71,7 +68,7 @@ QByteArray DemoReceiver::gga(int64_t utc, int used) const {
         line.empty(4);
     line.integer(m_bFix ? 1 : 0).integer(used, 2);
     if (m_bFix)
-        line.text(dop(m_dHdop));
+        line.fixed(m_dHdop, kDopDecimals);
     else
         line.text("99.99");
     if (m_bEverFixed)
@@ -108,7 +105,10 @@ QByteArray DemoReceiver::gsa(const std::vector<SkySatellite>& sky, int used) con
     }
     line.empty(12 - fields);
     if (!m_bFix || used == 0) return line.text("99.99").text("99.99").text("99.99").finish();
-    return line.text(dop(m_dHdop * 1.6)).text(dop(m_dHdop)).text(dop(m_dHdop * 1.25)).finish();
+    return line.fixed(m_dHdop * 1.6, kDopDecimals)
+        .fixed(m_dHdop, kDopDecimals)
+        .fixed(m_dHdop * 1.25, kDopDecimals)
+        .finish();
 }
 
 // $GPGSV,3,1,11,02,47,061,44,05,12,122,31,07,66,170,47,13,29,233,38*hh

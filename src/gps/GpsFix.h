@@ -1,5 +1,8 @@
 #pragma once
 
+#include "gps/GpsSettings.h"
+#include "gps/sources/SourceTable.h"
+
 #include <cstdint>
 
 // What one interpreted sentence changed in GpsFix. The interpreter returns exactly one of the
@@ -19,34 +22,31 @@ constexpr uint16_t kGga = kEpoch | kPosition | kAltitude;    // 70
 constexpr uint16_t kRmc = kEpoch | kPosition | kSpeedCourse; // 98
 } // namespace GpsChange
 
-// Source indexes of GpsFix::m_nSource: 0..9 are the serial ports COM0..COM9, above are the file,
-// simulation and navigation-program sources.
-constexpr uint8_t kFirstNonSerialSource = 10;
-constexpr uint8_t kMobileNavigatorSource = 12;
-
 // The receiver state the document keeps and every page reads. Written and read on the UI thread
 // only. Times are whole seconds since 1970 in *local* time (UTC plus the local offset of the
 // DeviceClock), the way the handheld kept them.
 struct GpsFix {
-    double m_dPosLong = 0;      // degrees, east positive; start: "LastLong"
-    double m_dPosLat = 0;       // degrees, north positive; start: "LastLat"
+    double m_dPosLong = GpsSettings::kLastLong.m_default; // degrees, east positive
+    double m_dPosLat = GpsSettings::kLastLat.m_default;   // degrees, north positive
     int64_t m_tPrevFixTime = 0; // local seconds; the fix before the current one (start: now - 1 day)
     int64_t m_tFixTime = 0;     // local seconds; the current fix (start: now)
     uint8_t m_nValid = 0;       // GGA quality as sent, or 1/0 from an RMC/GLL status; 0 = no fix
     uint8_t m_nSatellites = 0;  // satellites used (GGA field 7, or counted from GSA)
     float m_fHdop = 0;
-    float m_fAltitude = 0;             // metres, the altitude offset already added
-    float m_fSpeed = 0;                // km/h
-    float m_fCourse = 0;               // degrees true, as sent
-    int32_t m_nAltitudeOffset = -48;   // metres added to every altitude ("AltitudeOffset")
-    bool m_bAutoAltitudeOffset = true; // offset taken from the GGA geoid separation ("AutoAltitudeOffset")
-    float m_fThresholdHeading = 2.0f;  // km/h; below it the course is kept ("ThresholdHeading")
-    bool m_bSetSystemTime = true;      // set the device clock from the next serial fix, then cleared
-    uint8_t m_nSource = 0;             // see kFirstNonSerialSource
-    uint16_t m_nPendingChanges = 0;    // OR of GpsChange values not yet handled by the epoch handling
+    float m_fAltitude = 0; // metres, the altitude offset already added
+    float m_fSpeed = 0;    // km/h
+    float m_fCourse = 0;   // degrees true, as sent
+    int32_t m_nAltitudeOffset = GpsSettings::kAltitudeOffset.m_default; // metres added to every altitude
+    // The offset taken from the GGA geoid separation.
+    bool m_bAutoAltitudeOffset = GpsSettings::kAutoAltitudeOffset.m_default;
+    float m_fThresholdHeading = GpsSettings::kThresholdHeading.m_default; // km/h; below it the course is kept
+    bool m_bSetSystemTime =
+        GpsSettings::kSetSystemTime.m_default; // set the clock from the next serial fix, then cleared
+    uint8_t m_nSource = 0;                     // a SourceTable index
+    uint16_t m_nPendingChanges = 0;            // OR of GpsChange values not yet handled by the epoch handling
 
     bool hasFix() const { return m_nValid != 0; }
-    bool fromSerialPort() const { return m_nSource < kFirstNonSerialSource; }
+    bool fromSerialPort() const { return SourceTable::isSerialPort(m_nSource); }
 };
 
 // One point of a track. Longitude and latitude come first and in this order, as the track module

@@ -125,3 +125,11 @@ bool splitNmeaLine(std::string_view line, NmeaFields& fields) {
     fields.m_nCount = count;
     return true;
 }
+
+uint8_t nmeaChecksum(std::string_view sentence) {
+    if (sentence.starts_with('$')) sentence.remove_prefix(1);
+    uint8_t checksum = 0;
+    for (const char c : sentence.substr(0, sentence.find('*')))
+        checksum ^= static_cast<uint8_t>(c);
+    return checksum;
+}

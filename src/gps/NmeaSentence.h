@@ -37,3 +37,7 @@ private:
 // "*" equals the XOR of every character between "$" and "*". False also for an empty line and a
 // line of more than kMaxFields fields.
 bool splitNmeaLine(std::string_view line, NmeaFields& fields);
+
+// The checksum of a sentence: the XOR of every character between a leading "$" and the first "*"
+// (or the end).
+uint8_t nmeaChecksum(std::string_view sentence);

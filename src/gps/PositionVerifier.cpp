@@ -17,9 +17,9 @@ constexpr int kEpochsBeforeDerivedSpeed = 6;
 } // namespace
 
 PositionVerifier::PositionVerifier(TourStatistics& stats, TourStore& tourStore)
-    : m_stats(stats), m_tourStore(tourStore), m_nSpeedLimit(RecordingSettings::kSpeedLimit.defaultValue),
-      m_nMaxBreakMin(RecordingSettings::kMaxBreakMin.defaultValue),
-      m_nMinSpeedForAvr2(RecordingSettings::kMinSpeedForAvr2.defaultValue) {}
+    : m_stats(stats), m_tourStore(tourStore), m_nSpeedLimit(RecordingSettings::kSpeedLimit.m_default),
+      m_nMaxBreakMin(RecordingSettings::kMaxBreakMin.m_default),
+      m_nMinSpeedForAvr2(RecordingSettings::kMinSpeedForAvr2.m_default) {}
 
 void PositionVerifier::loadSettings(CRegistryKey& key) {
     m_nSpeedLimit = readSetting(key, RecordingSettings::kSpeedLimit);

@@ -1,47 +1,39 @@
 #include "gps/TourStore.h"
 
+#include "gps/GpsSettings.h"
 #include "gps/RecordingSettings.h"
 #include "gps/TourStatistics.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
 
-namespace {
-
-QString nameOf(const char* pszName) {
-    return QString::fromLatin1(pszName);
-}
-
-} // namespace
-
 void TourStore::load(TourStatistics& stats) {
     CRegistryKey key;
-    uint32_t nTourTime = 0;
-    double dTour = 0;
-    if (!key.ReadDword(nameOf(RecordingSettings::kTourTime), nTourTime) ||
-        !key.ReadDouble(nameOf(RecordingSettings::kTour), dTour)) {
+    const std::optional<int32_t> tourTime = readStoredSetting(key, RecordingSettings::kTourTime);
+    const std::optional<double> tour = readStoredSetting(key, RecordingSettings::kTour);
+    if (!tourTime || !tour) {
         reset(stats);
         return;
     }
-    stats.m_nTourTime = static_cast<int32_t>(nTourTime);
-    stats.m_dTourDistance = dTour;
+    stats.m_nTourTime = *tourTime;
+    stats.m_dTourDistance = *tour;
 }
 
 void TourStore::save(const TourStatistics& stats) {
     CRegistryKey key;
-    key.WriteDword(nameOf(RecordingSettings::kTourTime), static_cast<uint32_t>(stats.m_nTourTime));
-    key.WriteDouble(nameOf(RecordingSettings::kTour), stats.m_dTourDistance);
+    writeSetting(key, RecordingSettings::kTourTime, stats.m_nTourTime);
+    writeSetting(key, RecordingSettings::kTour, stats.m_dTourDistance);
 }
 
 void TourStore::reset(TourStatistics& stats) {
-    stats.m_nTourTime = 0;
-    stats.m_dTourDistance = 0.0;
+    stats.m_nTourTime = RecordingSettings::kTourTime.m_default;
+    stats.m_dTourDistance = RecordingSettings::kTour.m_default;
     save(stats);
     CRegistryKey key;
-    key.WriteDword(nameOf(RecordingSettings::kTourStart), static_cast<uint32_t>(m_clock.localNow()));
+    writeSetting(key, RecordingSettings::kTourStart, static_cast<int32_t>(m_clock.localNow()));
 }
 
 void TourStore::saveLastPosition(double lon, double lat) {
     CRegistryKey key;
-    key.WriteFloat(nameOf(GpsSettings::kLastLong.pszName), static_cast<float>(lon));
-    key.WriteFloat(nameOf(GpsSettings::kLastLat.pszName), static_cast<float>(lat));
+    writeSetting(key, GpsSettings::kLastLong, static_cast<float>(lon));
+    writeSetting(key, GpsSettings::kLastLat, static_cast<float>(lat));
 }

@@ -15,7 +15,7 @@ public:
     void load(TourStatistics& stats);
     // "TourTime" and "Tour" from the statistics.
     void save(const TourStatistics& stats);
-    // Tour time and distance to 0, saved, and "TourStart" set to the local time now.
+    // Tour time and distance to their defaults, saved, and "TourStart" set to the local time now.
     void reset(TourStatistics& stats);
     // "LastLong" and "LastLat", in single precision as they have always been stored.
     void saveLastPosition(double lon, double lat);

@@ -34,15 +34,15 @@ void carry(DegreesMinutes& parts, int& units, int unitsPerMinute) {
 
 } // namespace
 
-QString FormatCoordinate(double value, int8_t format, bool isLatitude) {
-    if (format == -1) format = static_cast<int8_t>(ReadPosFormat());
+QString FormatCoordinate(double value, PosFormat format, bool isLatitude) {
+    if (format == PosFormat::FromSettings) format = readPosFormat();
     if (!std::isfinite(value)) return {};
     const bool negative = value < 0;
     const double absValue = std::abs(value);
     const char letter = "NSEW"[(isLatitude ? 0 : 2) + (negative ? 1 : 0)];
     DegreesMinutes parts = split(absValue);
 
-    switch (static_cast<PosFormat>(format)) {
+    switch (format) {
     case PosFormat::DegreesMinutes: {
         int thousandths = static_cast<int>(parts.fraction * 1000.0 + 0.5);
         carry(parts, thousandths, 1000);

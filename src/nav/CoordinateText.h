@@ -1,16 +1,17 @@
 #pragma once
 
+#include "nav/PosFormat.h"
+
 #include <QString>
-#include <cstdint>
 
 // One coordinate (decimal degrees) as text in a position notation:
-//   0 "N 48°07.407" / "E 011°34.200"   degrees and decimal minutes
-//   1 "N 48°07'24''" / "E 011°34'12''" degrees, minutes, whole seconds
-//   2 "N 48.123457" / "E 11.570000"    decimal degrees with hemisphere letter
-//   3 "48.123457" / "-11.570000"       signed decimal degrees (the latitude and longitude fields of UTM)
-// `format` -1 reads "PosFormat" now; every other value (MGRS, Falk/MarcoPolo, ...) and a value that is
-// not a finite number give an empty text.
-QString FormatCoordinate(double value, int8_t format, bool isLatitude);
+//   DegreesMinutes         "N 48°07.407" / "E 011°34.200"
+//   DegreesMinutesSeconds  "N 48°07'24''" / "E 011°34'12''" (whole seconds)
+//   DecimalDegrees         "N 48.123457" / "E 11.570000"
+//   Utm                    "48.123457" / "-11.570000", signed (the latitude and longitude fields of UTM)
+// FromSettings reads "PosFormat" now; every other notation (MGRS, Falk/MarcoPolo, or a number outside
+// the list) and a value that is not a finite number give an empty text.
+QString FormatCoordinate(double value, PosFormat format, bool isLatitude);
 
 // Reads one typed coordinate in any of the degree notations above (hemisphere letter only in front,
 // S/W/- make it negative; ' ` , and U+FFB4 all serve as marks). `value` in decimal degrees, 0.0 when

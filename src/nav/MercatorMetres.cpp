@@ -26,7 +26,7 @@ bool GeodeticToMercatorMetres(double latDeg, double lonDeg, int32_t& x, int32_t&
     return true;
 }
 
-bool MercatorMetresToGeodetic(double x, double y, double& latDeg, double& lonDeg) {
+bool mercatorMetresToGeodetic(double x, double y, double& latDeg, double& lonDeg) {
     if (!std::isfinite(x) || !std::isfinite(y)) return false;
     lonDeg = x / kSphereRadius * RadToDeg;
     latDeg = (2.0 * std::atan(std::exp(y / kSphereRadius)) - 0.5 * Pi) * RadToDeg;

@@ -11,4 +11,4 @@
 bool GeodeticToMercatorMetres(double latDeg, double lonDeg, int32_t& x, int32_t& y);
 
 // The inverse for typed targets: `x`, `y` in metres -> degrees. False for values that are not finite.
-bool MercatorMetresToGeodetic(double x, double y, double& latDeg, double& lonDeg);
+bool mercatorMetresToGeodetic(double x, double y, double& latDeg, double& lonDeg);

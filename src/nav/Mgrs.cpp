@@ -97,7 +97,7 @@ const PolarStereographic& upsProjection() {
 
 } // namespace
 
-double MgrsRoundToPrecision(double value, int32_t precision) {
+double mgrsRoundToPrecision(double value, int32_t precision) {
     const double divisor = std::pow(10.0, 5 - precision);
     const double quotient = value / divisor;
     double whole = std::floor(quotient);
@@ -122,8 +122,8 @@ int GeodeticToMgrs(double lat, double lon, int32_t precision, QByteArray& mgrs) 
         char hemisphere = 'N';
         // Cannot fail here: latitude and longitude lie within its ranges; easting and northing do too.
         GeodeticToUtm(lat, lon, zone, hemisphere, easting, northing);
-        easting = MgrsRoundToPrecision(easting, precision);
-        northing = MgrsRoundToPrecision(northing, precision);
+        easting = mgrsRoundToPrecision(easting, precision);
+        northing = mgrsRoundToPrecision(northing, precision);
         letters = utmSquare(zone, bandLetter(lat), easting, northing);
         char buffer[12];
         std::snprintf(buffer, sizeof buffer, "%2.2ld", static_cast<long>(zone));
@@ -133,8 +133,8 @@ int GeodeticToMgrs(double lat, double lon, int32_t precision, QByteArray& mgrs) 
         double x = 0.0;
         double y = 0.0;
         upsProjection().forward(north, lat, lon, x, y);
-        easting = MgrsRoundToPrecision(kUpsFalseOrigin + x, precision);
-        northing = MgrsRoundToPrecision(kUpsFalseOrigin + y, precision);
+        easting = mgrsRoundToPrecision(kUpsFalseOrigin + x, precision);
+        northing = mgrsRoundToPrecision(kUpsFalseOrigin + y, precision);
         letters = upsSquare(north, easting, northing);
         text = "  ";
     }

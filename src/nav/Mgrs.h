@@ -21,4 +21,4 @@ int GeodeticToMgrs(double lat, double lon, int32_t precision, QByteArray& mgrs);
 
 // `value` in metres rounded to a multiple of 10^(5 - precision) metres, exactly half way to the even
 // multiple.
-double MgrsRoundToPrecision(double value, int32_t precision);
+double mgrsRoundToPrecision(double value, int32_t precision);

@@ -50,7 +50,6 @@ public:
     void setSystemTime(int64_t utcSeconds) override;
 
     void setUtcNow(int64_t utcSeconds) { m_tUtcNow = utcSeconds; }
-    void setLocalOffset(int32_t seconds) { m_nLocalOffset = seconds; }
     // The requests to set the system time so far, and the last one (UTC seconds).
     int setTimeRequests() const { return m_nSetTimeRequests; }
     int64_t lastSetTimeRequest() const { return m_tLastSetTime; }

@@ -6,8 +6,8 @@
 
 // One note of a generated tone sequence; a frequency of 0 is a pause of that length.
 struct Tone {
-    int nFrequencyHz = 0; // 0 or 20..20000
-    int nDurationMs = 0;
+    int m_nFrequencyHz = 0; // 0 or 20..20000
+    int m_nDurationMs = 0;
 };
 
 // The program's own audio output: what the handheld did with sndPlaySound (asynchronous), its

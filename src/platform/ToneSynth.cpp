@@ -16,13 +16,13 @@ void appendSample(QByteArray& pcm, int16_t value) {
 }
 
 void appendTone(QByteArray& pcm, const Tone& tone, double peak) {
-    const int count = std::clamp(tone.nDurationMs, 0, 10000) * ToneSynth::kSampleRate / 1000;
-    if (tone.nFrequencyHz <= 0) {
+    const int count = std::clamp(tone.m_nDurationMs, 0, 10000) * ToneSynth::kSampleRate / 1000;
+    if (tone.m_nFrequencyHz <= 0) {
         pcm.append(QByteArray(count * 2, '\0'));
         return;
     }
     const double step =
-        2 * std::numbers::pi * std::clamp(tone.nFrequencyHz, 20, 10000) / ToneSynth::kSampleRate;
+        2 * std::numbers::pi * std::clamp(tone.m_nFrequencyHz, 20, 10000) / ToneSynth::kSampleRate;
     for (int i = 0; i < count; ++i) {
         const double fade = std::min({1.0, double(i) / kFadeSamples, double(count - 1 - i) / kFadeSamples});
         appendSample(pcm, static_cast<int16_t>(std::lround(peak * fade * std::sin(step * i))));

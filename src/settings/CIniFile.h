@@ -28,7 +28,6 @@ public:
     // failed save (full disk, read-only folder) leaves the old file byte for byte as it was.
     bool Save(const QString& path) const;
     QByteArray ToBytes() const;
-    void Clear() { m_lines.clear(); }
     const QStringList& Lines() const { return m_lines; }
 
     int FindSection(const QString& section) const; // header index, -1; 0 for the empty name

@@ -19,13 +19,6 @@ bool CRegistryKey::Repoint(const QString& path, bool create) {
     return IsOpen();
 }
 
-bool CRegistryKey::OpenForRead(const QString& path) {
-    return Repoint(path, false);
-}
-bool CRegistryKey::OpenForWrite(const QString& path) {
-    return Repoint(path, true);
-}
-
 std::optional<RegistryValue> CRegistryKey::Read(const QString& name, const QString& path) {
     if (!Repoint(path, false)) return std::nullopt;
     return m_hive->value(m_nKeyId, name);

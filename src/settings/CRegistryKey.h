@@ -20,10 +20,6 @@ public:
                           RegistryRoot root = RegistryRoot::CurrentUser);
 
     bool IsOpen() const { return m_nKeyId >= 0; }
-    const QString& Path() const { return m_strPath; }
-
-    bool OpenForRead(const QString& path);
-    bool OpenForWrite(const QString& path);
 
     bool ReadString(const QString& name, QString& value, const QString& path = {});
     bool WriteString(const QString& name, const QString& value, const QString& path = {});

@@ -3,6 +3,7 @@
 #include "platform/DeviceRoot.h"
 #include "platform/TickCount.h"
 #include "settings/CRegistryKey.h"
+#include "settings/Setting.h"
 
 #include <QFile>
 #include <cstdarg>
@@ -10,10 +11,13 @@
 
 namespace {
 
+// The log file; logging is on only while it names one.
+constexpr Setting<const char*> kDevelop{"Develop", "", false};
+
 void appendEntry(const QByteArray& message) {
     CRegistryKey key;
-    QString file;
-    if (!key.ReadString(QStringLiteral("Develop"), file) || file.isEmpty()) return;
+    const QString file = readSetting(key, kDevelop);
+    if (file.isEmpty()) return;
     QFile log(DeviceRoot::current().hostPath(file));
     if (!log.open(QIODevice::Append)) return;
     log.write(QByteArray::number(static_cast<int32_t>(tickCount())) + ' ' + message + '\n');

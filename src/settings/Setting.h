@@ -2,24 +2,39 @@
 
 #include <QString>
 #include <cstdint>
+#include <optional>
+#include <type_traits>
 
 class CRegistryKey;
 
 // A setting under SOFTWARE\Omvale\Fendix: its value name, its default and whether a missing value
-// is written back with the default at once. Each subsystem declares its settings once as these,
-// and code reads them only through readSetting, so a default is never typed twice.
+// is written back with the default at once. Each subsystem declares its settings once as these, and
+// code reads and writes them only through the functions below, which take the registry type from T:
+//   bool     flag, 1-byte binary            uint8_t         small number, 1-byte binary
+//   int32_t  32-bit integer                 float, double   "%f" text
+//   const char*  string (read and written as QString)
 template <typename T> struct Setting {
-    const char* pszName;
-    T defaultValue;
-    bool bWriteBack;
+    using Value = std::conditional_t<std::is_same_v<T, const char*>, QString, T>;
 
-    QString name() const { return QString::fromLatin1(pszName); }
+    const char* m_pszName;
+    T m_default;
+    bool m_bWriteBack;
+
+    QString name() const { return QString::fromLatin1(m_pszName); }
 };
 
+// The stored value, or nothing when it is missing or stored in another form.
+template <typename T>
+std::optional<typename Setting<T>::Value> readStoredSetting(CRegistryKey& key, const Setting<T>& setting);
+
 // The stored value, or the default when it is missing (written back when the setting says so).
-bool readSetting(CRegistryKey& key, const Setting<bool>& setting);           // 1-byte flag
-uint8_t readSetting(CRegistryKey& key, const Setting<uint8_t>& setting);     // 1-byte number
-int32_t readSetting(CRegistryKey& key, const Setting<int32_t>& setting);     // 32-bit integer
-float readSetting(CRegistryKey& key, const Setting<float>& setting);         // "%f" text
-double readSetting(CRegistryKey& key, const Setting<double>& setting);       // "%f" text
-QString readSetting(CRegistryKey& key, const Setting<const char*>& setting); // string
+template <typename T> typename Setting<T>::Value readSetting(CRegistryKey& key, const Setting<T>& setting);
+
+// Stores `value` in the setting's registry type; false when it could not be written.
+template <typename T>
+bool writeSetting(CRegistryKey& key, const Setting<T>& setting,
+                  const std::type_identity_t<typename Setting<T>::Value>& value);
+
+// A float stored with `decimals` digits behind the point instead of "%f"'s six: the text the user
+// typed and sees.
+bool writeSetting(CRegistryKey& key, const Setting<float>& setting, float value, int decimals);

@@ -62,10 +62,8 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSounds->loadSettings();
     m_pDoc->SetAlertHooks(m_pSounds.get());
 
-    QString currentView;
-    m_pFrame->SelectPageByName(key.ReadString(QString::fromLatin1(ShellSettings::kCurrentView), currentView)
-                                   ? currentView
-                                   : PageTable::name(PageTable::kSpeed));
+    m_pFrame->SelectPageByName(
+        readStoredSetting(key, ShellSettings::kCurrentView).value_or(PageTable::name(PageTable::kSpeed)));
     if (bFullScreen) {
         m_pFrame->setGeometry(m_pFrame->screen()->geometry()); // also without a window manager (kiosk)
         m_pFrame->showFullScreen();

@@ -108,7 +108,8 @@ bool CMainFrame::SelectPage(uint16_t command) {
     const QString name = PageTable::isUserPage(command)
                              ? m_factory.userPages()[command - PageTable::kFirstUserPage].name
                              : PageTable::name(command);
-    CRegistryKey().WriteString(QString::fromLatin1(ShellSettings::kCurrentView), name);
+    CRegistryKey key;
+    writeSetting(key, ShellSettings::kCurrentView, name);
     setWindowTitle(QStringLiteral("Tarvik ") + name);
     UpdateMenuChecks();
     page->OnUpdate(0);

@@ -4,7 +4,8 @@
 
 // The settings of the program window under SOFTWARE\Omvale\Fendix, declared once.
 namespace ShellSettings {
-inline constexpr const char* kCurrentView = "CurrentView"; // page name, written at every switch
+// The page name, written at every switch; none before the first.
+inline constexpr Setting<const char*> kCurrentView{"CurrentView", "", false};
 inline constexpr Setting<bool> kCloseByTitleBar{"CloseByTitleBar", true, false};
 inline constexpr Setting<const char*> kAutoStart{"AutoStart", "", false}; // program started with this one
 inline constexpr Setting<bool> kPostNavi{"PostNavi", false, false};

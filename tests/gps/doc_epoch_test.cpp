@@ -1,4 +1,5 @@
 #include "gps/CFendixDoc.h"
+#include "gps/NmeaLineBuilder.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
@@ -22,20 +23,16 @@ public:
     void redrawPages(uint16_t hint) override { events << QString("draw%1").arg(hint); }
 };
 
-QByteArray withChecksum(const QByteArray& body) {
-    uint8_t sum = 0;
-    for (char c : body)
-        sum ^= static_cast<uint8_t>(c);
-    return '$' + body + QString::asprintf("*%02X\r\n", sum).toLatin1();
-}
-
 // A receiver driving north at 36 km/h: second n is 10 m north of second 0.
 QByteArray sentence(char kind, int second) {
     const QByteArray time = QString::asprintf("1200%02d", second).toLatin1();
     const QByteArray position = QString::asprintf("4806.%04d,N,01130.0000,E", 54 * second).toLatin1();
-    if (kind == 'R') return withChecksum("GPRMC," + time + ",A," + position + ",19.4,0.0,220526,,");
+    if (kind == 'R')
+        return NmeaLineBuilder("$GPRMC").text(time + ",A," + position + ",19.4,0.0,220526,,").finish();
     const char quality = kind == 'A' ? '1' : '0';
-    return withChecksum("GPGGA," + time + "," + position + "," + quality + ",08,0.9,500.0,M,47.0,M,,");
+    return NmeaLineBuilder("$GPGGA")
+        .text(time + "," + position + "," + quality + ",08,0.9,500.0,M,47.0,M,,")
+        .finish();
 }
 
 struct Script {

@@ -39,6 +39,23 @@ TEST(NmeaSplitter, AcceptsByTheChecksumRule) {
     }
 }
 
+// Expected values are the checksums the sentences were published with (NMEA examples).
+TEST(NmeaChecksum, IsTheXorBetweenTheDollarAndTheStar) {
+    const struct {
+        const char* legend;
+        const char* sentence;
+        unsigned checksum;
+    } cases[] = {
+        {"whole line with its checksum",
+         "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n", 0x47},
+        {"no star", "$GPGLL,4916.45,N,12311.12,W,225444,A,", 0x1D},
+        {"no dollar", "GPGLL,4916.45,N,12311.12,W,225444,A,", 0x1D},
+        {"nothing between", "$*", 0},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(nmeaChecksum(c.sentence), c.checksum) << c.legend;
+}
+
 // The checksum is summed several bytes at a time: every length and every place of the separators
 // must give the byte-wise sum.
 TEST(NmeaSplitter, SumsLinesOfEveryLength) {
@@ -46,9 +63,7 @@ TEST(NmeaSplitter, SumsLinesOfEveryLength) {
         std::string body = "GPTXT";
         for (int i = 0; i < length; ++i)
             body += i % 5 == 3 ? ',' : static_cast<char>('A' + (i * 7 + length) % 26);
-        unsigned checksum = 0;
-        for (const char c : body)
-            checksum ^= static_cast<unsigned char>(c);
+        const unsigned checksum = nmeaChecksum(body);
         char hex[8];
         std::snprintf(hex, sizeof hex, "*%02X", checksum);
         NmeaFields fields;

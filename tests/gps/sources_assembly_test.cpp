@@ -12,9 +12,9 @@ namespace {
 const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n";
 const QByteArray kRmc = "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A\r\n";
 
-const LineAssembler::Options kPort{.bSkipSplitterData = true};
-const LineAssembler::Options kGpsd{.bEndAtNewline = true};
-const LineAssembler::Options kAllTalkers{.bAcceptAllTalkers = true};
+const LineAssembler::Options kPort{.m_bSkipSplitterData = true};
+const LineAssembler::Options kGpsd{.m_bEndAtNewline = true};
+const LineAssembler::Options kAllTalkers{.m_bAcceptAllTalkers = true};
 
 QList<QByteArray> assemble(const QList<QByteArray>& chunks, LineAssembler::Options options) {
     LineAssembler lines(options);

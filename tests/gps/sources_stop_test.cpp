@@ -47,7 +47,7 @@ TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
         if (c.deaf) {
             deaf = std::make_unique<ReaderThread>(std::make_unique<DeafReader>(), sink);
             deaf->start();
-            endedItself = deaf->stopAndWait({.nRounds = 3, .nIntervalMs = 10});
+            endedItself = deaf->stopAndWait({.m_nRounds = 3, .m_nIntervalMs = 10});
         } else {
             QFile recording(root.file("run.txt"));
             ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
@@ -63,7 +63,7 @@ TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
             controller->updateSettings(false);
             // No events are handled meanwhile, so the reader is left waiting in its first hand-over.
             std::this_thread::sleep_for(std::chrono::milliseconds(100));
-            controller->setStopRounds({.nRounds = 50, .nIntervalMs = 100});
+            controller->setStopRounds({.m_nRounds = 50, .m_nIntervalMs = 100});
             controller->stopSource();
             endedItself = !controller->readerRunning();
         }

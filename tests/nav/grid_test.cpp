@@ -76,5 +76,5 @@ TEST(Grid, MgrsRoundsHalfToEven) {
         {"100 km above half", 450001.0, 0, 500000},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(MgrsRoundToPrecision(c.metres, c.precision), c.rounded) << c.legend;
+        EXPECT_EQ(mgrsRoundToPrecision(c.metres, c.precision), c.rounded) << c.legend;
 }

@@ -1,5 +1,6 @@
 #include "RecordingSound.h"
 #include "gps/CFendixDoc.h"
+#include "gps/NmeaLineBuilder.h"
 #include "gps/sound/SoundController.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
@@ -13,14 +14,11 @@ namespace {
 
 // A $GPGGA of second `second`, with or without fix, 10 m further north each second.
 QByteArray gga(int second, bool bFix) {
-    const QByteArray body =
-        QString::asprintf("GPGGA,1200%02d,4806.%04d,N,01130.0000,E,%c,08,0.9,500.0,M,47.0,M,,", second,
-                          54 * second, bFix ? '1' : '0')
-            .toLatin1();
-    uint8_t sum = 0;
-    for (char c : body)
-        sum ^= static_cast<uint8_t>(c);
-    return '$' + body + QString::asprintf("*%02X\r\n", sum).toLatin1();
+    return NmeaLineBuilder("$GPGGA")
+        .text(QString::asprintf("1200%02d,4806.%04d,N,01130.0000,E,%c,08,0.9,500.0,M,47.0,M,,", second,
+                                54 * second, bFix ? '1' : '0')
+                  .toLatin1())
+        .finish();
 }
 
 // Runs the document over a lost and regained fix and a silent receiver; returns what was played.

@@ -50,8 +50,8 @@ TEST(ToneSynth, RendersTonesOfTheirFrequency) {
         EXPECT_EQ(qFromLittleEndian<uint32_t>(wav.constData() + 40), uint32_t(c.nSamples * 2)) << c.legend;
         const QList<int16_t> samples = samplesOf(wav);
         ASSERT_EQ(samples.size(), c.nSamples) << c.legend;
-        EXPECT_NEAR(measuredFrequency(samples), std::max(c.tone.nFrequencyHz, 20),
-                    0.01 * c.tone.nFrequencyHz + 1)
+        EXPECT_NEAR(measuredFrequency(samples), std::max(c.tone.m_nFrequencyHz, 20),
+                    0.01 * c.tone.m_nFrequencyHz + 1)
             << c.legend;
         EXPECT_EQ(samples.first(), 0) << c.legend << ": fades in";
         EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 32000) << c.legend;

@@ -7,8 +7,8 @@
 namespace {
 
 struct AlertSetting {
-    const GpsSetting<bool>& flag;
-    const GpsSetting<const char*>& file;
+    const Setting<bool>& flag;
+    const Setting<const char*>& file;
 };
 
 // In the order of AlertSoundFiles::Alert.

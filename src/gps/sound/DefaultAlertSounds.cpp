@@ -20,9 +20,9 @@ constexpr uint16_t kAmplitude = 26000; // about -8 dB full scale: clear, not har
 
 // Falling for the lost fix, rising for its return, a low double knock for the silent receiver.
 const DefaultSound kDefaults[] = {
-    {SoundSettings::kNoFixSoundWav.defaultValue, {{1319, 140}, {0, 40}, {988, 140}, {0, 40}, {659, 260}}},
-    {SoundSettings::kSignalSoundWav.defaultValue, {{659, 140}, {0, 40}, {988, 140}, {0, 40}, {1319, 260}}},
-    {SoundSettings::kNoDataSoundWav.defaultValue, {{440, 180}, {0, 120}, {440, 180}, {0, 120}, {330, 400}}},
+    {SoundSettings::kNoFixSoundWav.m_default, {{1319, 140}, {0, 40}, {988, 140}, {0, 40}, {659, 260}}},
+    {SoundSettings::kSignalSoundWav.m_default, {{659, 140}, {0, 40}, {988, 140}, {0, 40}, {1319, 260}}},
+    {SoundSettings::kNoDataSoundWav.m_default, {{440, 180}, {0, 120}, {440, 180}, {0, 120}, {330, 400}}},
 };
 
 } // namespace

@@ -65,8 +65,8 @@ void SoundController::updateVolume(bool bForce) {
     m_output.setVolume(change.m_nWaveVolume);
     if (change.m_nWaveVolume != m_nStoredWaveVolume) {
         m_nStoredWaveVolume = change.m_nWaveVolume;
-        CRegistryKey().WriteDword(QString::fromLatin1(SoundSettings::kWaveVolume.pszName),
-                                  m_nStoredWaveVolume);
+        CRegistryKey key;
+        writeSetting(key, SoundSettings::kWaveVolume, static_cast<int32_t>(m_nStoredWaveVolume));
     }
     m_strVolumeLabel = change.m_strLabel;
     if (m_labelSink) m_labelSink(m_strVolumeLabel);

@@ -44,9 +44,6 @@ public:
     void setBaseVolume(int percent);                 // clamped to 0..100; call updateVolume(true) after
     bool isSoundOn() const { return m_bSoundOn; }
     void setSoundOn(bool bOn) { m_bSoundOn = bOn; } // call updateVolume(true) after
-    bool isNoiseMeasured() const { return m_bNoiseMeasured; }
-    const VolumeSettings& volumeSettings() const { return m_volume; }
-    const SpeedSoundTable& speedSounds() const { return m_speedSounds; }
     const QString& volumeLabel() const { return m_strVolumeLabel; }
     // The page's volume text field, when one is shown; gets every new label.
     void setVolumeLabelSink(std::function<void(const QString&)> sink) { m_labelSink = std::move(sink); }

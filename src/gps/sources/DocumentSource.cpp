@@ -69,11 +69,11 @@ void DocumentSource::TakeNavigationPosition(const MNPosition& position) {
     fix.m_tFixTime = m_clock.localNow();
     constexpr uint16_t kTakenOver = GpsChange::kEpoch | GpsChange::kPosition | GpsChange::kSpeedCourse;
     fix.m_nPendingChanges |= kTakenOver;
-    const std::string line = buildSyntheticGga(fix, m_clock.localOffset());
+    const QByteArray line = buildSyntheticGga(fix, m_clock.localOffset());
     const int length = static_cast<int>(line.size());
-    if (PageHooks* pages = m_doc.Pages()) pages->showRawSentence(line.data(), length);
-    if (fix.hasFix()) m_doc.Log().writeSentence(line.data(), length);
-    if (m_observeSentence) m_observeSentence(line.data(), length, kTakenOver);
+    if (PageHooks* pages = m_doc.Pages()) pages->showRawSentence(line.constData(), length);
+    if (fix.hasFix()) m_doc.Log().writeSentence(line.constData(), length);
+    if (m_observeSentence) m_observeSentence(line.constData(), length, kTakenOver);
 }
 
 void DocumentSource::SupervisionTick() {

@@ -13,7 +13,7 @@ bool FileReadThread::waitOnStopEvent(const StopEvent& stop, int milliseconds) {
 FileReadThread::FileReadThread(std::unique_ptr<QFile> file, int simulationSpeed, bool acceptAllTalkers,
                                Pause pause)
     : m_pFile(std::move(file)), m_nSimulationSpeed(simulationSpeed),
-      m_lines({.bAcceptAllTalkers = acceptAllTalkers}), m_pause(std::move(pause)) {}
+      m_lines({.m_bAcceptAllTalkers = acceptAllTalkers}), m_pause(std::move(pause)) {}
 
 void FileReadThread::run(const StopEvent& stop, SentenceSink& sink) {
     DevLog("->Start FileReadThread");

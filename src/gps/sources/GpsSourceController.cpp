@@ -80,8 +80,9 @@ std::unique_ptr<SentenceReader> GpsSourceController::createReader(int index, QSt
             "TcpReadThread",
             NetworkReadThread::nmeaTcp(readSetting(key, SourceSettings::kNmeaTcpHost), acceptAllTalkers));
     default: {
-        const QString device =
-            m_strDeviceOverride.isEmpty() ? readPortDevice(key, index) : m_strDeviceOverride;
+        const QString device = m_strDeviceOverride.isEmpty()
+                                   ? readSetting(key, SourceSettings::kPortDevices[index])
+                                   : m_strDeviceOverride;
         const int baudRate = ValueText::wtol(readSetting(key, SourceSettings::kSpeed));
         return std::make_unique<PortReadThread>(device, baudRate, acceptAllTalkers);
     }

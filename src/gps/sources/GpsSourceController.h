@@ -31,8 +31,8 @@ public:
     void updateSettings(bool bResetStatistics);
     // Stops the tick and the reader thread (see ReaderThread::stopAndWait).
     void stopSource();
-    // The selected SourceTable index, and whether the navigation program's source is it.
-    int sourceIndex() const { return m_nSourceIndex; }
+    // Whether the selected source is the navigation program's.
+    int sourceIndex() const { return m_nSourceIndex; } // the source that runs, -1 before the first start
     bool navigationSourceInUse() const;
     bool readerRunning() const { return m_pReader && m_pReader->isRunning(); }
 

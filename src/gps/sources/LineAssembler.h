@@ -13,9 +13,9 @@ public:
     static constexpr int kSplitterDataLength = 10;
 
     struct Options {
-        bool bSkipSplitterData = false; // drop "?" with the nine bytes behind it (serial ports)
-        bool bEndAtNewline = false;     // a "\n" also ends a line (line-based streams such as gpsd's)
-        bool bAcceptAllTalkers = false; // rewrite other talkers' fix sentences to "$GP" (TalkerRewrite.h)
+        bool m_bSkipSplitterData = false; // drop "?" with the nine bytes behind it (serial ports)
+        bool m_bEndAtNewline = false;     // a "\n" also ends a line (line-based streams such as gpsd's)
+        bool m_bAcceptAllTalkers = false; // rewrite other talkers' fix sentences to "$GP" (TalkerRewrite.h)
     };
 
     explicit LineAssembler(Options options) : m_options(options) {}
@@ -29,13 +29,13 @@ public:
                 --m_nSkip;
                 continue;
             }
-            if (byte == '?' && m_options.bSkipSplitterData) {
+            if (byte == '?' && m_options.m_bSkipSplitterData) {
                 m_nSkip = kSplitterDataLength - 1;
                 continue;
             }
             if (byte == '$' || m_nLength >= kBufferSize) finishLine(onLine);
             m_buffer[m_nLength++] = byte;
-            if (byte == '\n' && m_options.bEndAtNewline) finishLine(onLine);
+            if (byte == '\n' && m_options.m_bEndAtNewline) finishLine(onLine);
         }
     }
 
@@ -47,7 +47,7 @@ public:
 private:
     template <class OnLine> void finishLine(OnLine& onLine) {
         if (m_nLength > 0 && m_buffer[0] == '$') {
-            if (m_options.bAcceptAllTalkers) rewriteTalkerToGp(m_buffer, m_nLength);
+            if (m_options.m_bAcceptAllTalkers) rewriteTalkerToGp(m_buffer, m_nLength);
             onLine(static_cast<const char*>(m_buffer), m_nLength);
         }
         m_nLength = 0;

@@ -7,31 +7,31 @@ NetworkReadThread::Server NetworkReadThread::gpsd(const QString& address, bool a
     return {address,
             kGpsdPort,
             QByteArrayLiteral("?WATCH={\"enable\":true,\"nmea\":true}\n"),
-            {.bEndAtNewline = true, .bAcceptAllTalkers = acceptAllTalkers}};
+            {.m_bEndAtNewline = true, .m_bAcceptAllTalkers = acceptAllTalkers}};
 }
 
 NetworkReadThread::Server NetworkReadThread::nmeaTcp(const QString& address, bool acceptAllTalkers) {
-    return {address, kNmeaTcpPort, {}, {.bAcceptAllTalkers = acceptAllTalkers}};
+    return {address, kNmeaTcpPort, {}, {.m_bAcceptAllTalkers = acceptAllTalkers}};
 }
 
 NetworkReadThread::NetworkReadThread(const char* logName, Server server)
-    : m_pLogName(logName), m_server(std::move(server)), m_lines(m_server.lines) {}
+    : m_pLogName(logName), m_server(std::move(server)), m_lines(m_server.m_lines) {}
 
 void NetworkReadThread::run(const StopEvent& stop, SentenceSink& sink) {
     DevLog("->Start %s", m_pLogName);
     auto fail = [&](const char* what, const QString& error, int leave) {
-        sink.reportFailure(QString::fromLatin1(what) + error + " (" + m_server.strAddress + ')');
+        sink.reportFailure(QString::fromLatin1(what) + error + " (" + m_server.m_strAddress + ')');
         DevLog("->Leave %d %s", leave, m_pLogName);
     };
     QString host;
     int port = 0;
-    if (!TcpConnection::splitHostPort(m_server.strAddress, m_server.nDefaultPort, host, port))
+    if (!TcpConnection::splitHostPort(m_server.m_strAddress, m_server.m_nDefaultPort, host, port))
         return fail("Unable to connect to the server: ", QStringLiteral("no host:port"), 2);
     TcpConnection connection;
     if (const QString error = connection.connectTo(host, port, kConnectTimeoutMs); !error.isEmpty())
         return fail("Unable to connect to the server: ", error, 2);
     QString error;
-    if (!m_server.greeting.isEmpty() && !connection.write(m_server.greeting, error))
+    if (!m_server.m_greeting.isEmpty() && !connection.write(m_server.m_greeting, error))
         return fail("Unable to connect to the server: ", error, 3);
     error = pumpStream(
         [&connection](char* buffer, int capacity, QString& readError) {

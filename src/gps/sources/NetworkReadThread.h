@@ -18,10 +18,10 @@ public:
     static constexpr int kNmeaTcpPort = 10110;
 
     struct Server {
-        QString strAddress;   // "host:port" as the user set it
-        int nDefaultPort = 0; // when the address names no port
-        QByteArray greeting;  // sent once after connecting
-        LineAssembler::Options lines;
+        QString m_strAddress;   // "host:port" as the user set it
+        int m_nDefaultPort = 0; // when the address names no port
+        QByteArray m_greeting;  // sent once after connecting
+        LineAssembler::Options m_lines;
     };
 
     // gpsd in raw NMEA mode: its JSON answers are dropped, each "\n" ends a sentence.

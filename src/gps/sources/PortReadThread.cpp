@@ -5,7 +5,7 @@
 
 PortReadThread::PortReadThread(const QString& devicePath, int baudRate, bool acceptAllTalkers)
     : m_strDevicePath(devicePath), m_nBaudRate(baudRate),
-      m_lines({.bSkipSplitterData = true, .bAcceptAllTalkers = acceptAllTalkers}) {}
+      m_lines({.m_bSkipSplitterData = true, .m_bAcceptAllTalkers = acceptAllTalkers}) {}
 
 void PortReadThread::run(const StopEvent& stop, SentenceSink& sink) {
     DevLog("->Start PortReadThread");

@@ -17,9 +17,9 @@ void ReaderThread::run() {
 
 bool ReaderThread::stopAndWait(StopRounds rounds) {
     m_stop.set();
-    for (int round = 0; round < rounds.nRounds && !isFinished(); ++round) {
+    for (int round = 0; round < rounds.m_nRounds && !isFinished(); ++round) {
         QCoreApplication::processEvents(QEventLoop::AllEvents);
-        if (wait(QDeadlineTimer(rounds.nIntervalMs))) break;
+        if (wait(QDeadlineTimer(rounds.m_nIntervalMs))) break;
     }
     if (!isRunning()) return true;
     DevLog("!!!!TerminateThread");

@@ -11,8 +11,8 @@ class ReaderThread : public QThread {
 public:
     // How long a stop waits for the reader: `rounds` × `intervalMs` (about 10 s by default).
     struct StopRounds {
-        int nRounds = 100;
-        int nIntervalMs = 100;
+        int m_nRounds = 100;
+        int m_nIntervalMs = 100;
     };
 
     ReaderThread(std::unique_ptr<SentenceReader> reader, SentenceSink& sink);

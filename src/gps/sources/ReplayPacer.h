@@ -9,7 +9,6 @@ public:
 
     // The pause due after `line` has gone out, in milliseconds; 0 when none is due.
     int pauseAfter(const char* line, int length);
-    int pauseMs() const { return m_nPauseMs; }
 
 private:
     int m_nPauseMs;

@@ -23,7 +23,8 @@ namespace {
 const QStringList kBaudRates = {"4800", "9600", "19200", "38400", "57600", "115200"};
 // "LogDelay" choices: seconds between two logged sentences of a type.
 const QList<std::pair<const char*, int>> kLogDelays = {
-    {"immer", 0}, {"5", 5}, {"10", 10}, {"30", 30}, {"60", 60}, {"300", 300}, {"600", 600}, {"nichts", -1}};
+    {"immer", 0}, {"5", 5},     {"10", 10},   {"30", 30},
+    {"60", 60},   {"300", 300}, {"600", 600}, {"nichts", RecordingSettings::kLogDelayOff}};
 const QStringList kSentences = {"$GPGGA", "$GPRMC", "$GPGSA", "$GPGSV", "$GPVTG", "$GPGLL"};
 constexpr int kRawLines = 200;
 
@@ -126,7 +127,8 @@ void CSourceSettingsPage::Load() {
     m_pFile->setText(readSetting(key, SourceSettings::kFile));
     m_pSimulationSpeed->setValue(readSetting(key, SourceSettings::kSimulationSpeed));
     const int delayIndex = m_pLogDelay->findData(readSetting(key, RecordingSettings::kLogDelay));
-    m_pLogDelay->setCurrentIndex(delayIndex >= 0 ? delayIndex : m_pLogDelay->findData(10));
+    m_pLogDelay->setCurrentIndex(
+        delayIndex >= 0 ? delayIndex : m_pLogDelay->findData(RecordingSettings::kLogDelay.m_default));
     const QStringList logged = readSetting(key, RecordingSettings::kLogType).split(',');
     for (QCheckBox* box : m_logTypes)
         box->setChecked(box == m_logTypes.first() || logged.contains(box->property("sentence").toString()));
@@ -141,7 +143,7 @@ void CSourceSettingsPage::ShowDeviceOfSelectedPort() {
     const bool serial = SourceTable::isSerialPort(source);
     m_pDevice->setEnabled(serial);
     CRegistryKey key;
-    m_pDevice->setText(serial ? readPortDevice(key, source) : QString());
+    m_pDevice->setText(serial ? readSetting(key, SourceSettings::kPortDevices[source]) : QString());
 }
 
 void CSourceSettingsPage::ChooseFile() {
@@ -154,16 +156,16 @@ void CSourceSettingsPage::ChooseFile() {
 void CSourceSettingsPage::Apply() {
     CRegistryKey key;
     const int source = m_pSource->currentData().toInt();
-    key.WriteString(SourceSettings::kSource.name(), SourceTable::name(source));
+    writeSetting(key, SourceSettings::kSource, SourceTable::name(source));
     if (SourceTable::isSerialPort(source))
-        key.WriteString(SourceSettings::portDeviceValueName(source), m_pDevice->text().trimmed());
-    key.WriteString(SourceSettings::kGpsdHost.name(), m_pGpsdHost->text().trimmed());
-    key.WriteString(SourceSettings::kNmeaTcpHost.name(), m_pTcpHost->text().trimmed());
-    key.WriteFlag(SourceSettings::kAcceptAllTalkers.name(), m_pAcceptAllTalkers->isChecked());
-    key.WriteString(SourceSettings::kSpeed.name(), m_pSpeed->currentText().trimmed());
-    key.WriteString(SourceSettings::kFile.name(), m_pFile->text());
-    key.WriteDword(SourceSettings::kSimulationSpeed.name(), uint32_t(m_pSimulationSpeed->value()));
-    key.WriteDword(RecordingSettings::kLogDelay.name(), uint32_t(m_pLogDelay->currentData().toInt()));
+        writeSetting(key, SourceSettings::kPortDevices[source], m_pDevice->text().trimmed());
+    writeSetting(key, SourceSettings::kGpsdHost, m_pGpsdHost->text().trimmed());
+    writeSetting(key, SourceSettings::kNmeaTcpHost, m_pTcpHost->text().trimmed());
+    writeSetting(key, SourceSettings::kAcceptAllTalkers, m_pAcceptAllTalkers->isChecked());
+    writeSetting(key, SourceSettings::kSpeed, m_pSpeed->currentText().trimmed());
+    writeSetting(key, SourceSettings::kFile, m_pFile->text());
+    writeSetting(key, SourceSettings::kSimulationSpeed, m_pSimulationSpeed->value());
+    writeSetting(key, RecordingSettings::kLogDelay, m_pLogDelay->currentData().toInt());
     // Types the page has no box for (e.g. "$GPZDA", typed in by hand) stay as they were.
     QStringList logged;
     QStringList offered;
@@ -173,11 +175,11 @@ void CSourceSettingsPage::Apply() {
     }
     for (const QString& type : readSetting(key, RecordingSettings::kLogType).split(',', Qt::SkipEmptyParts))
         if (!offered.contains(type) && !logged.contains(type)) logged << type;
-    key.WriteString(RecordingSettings::kLogType.name(), logged.join(','));
-    key.WriteString(RecordingSettings::kLogDirectory.name(), m_pLogDirectory->text());
-    key.WriteDword(RecordingSettings::kDelFilesOlder.name(), uint32_t(m_pDelFilesOlder->value()));
-    key.WriteDword(SourceSettings::kAutoReconnect.name(), uint32_t(m_pAutoReconnect->value()));
-    key.WriteFlag(SourceSettings::kMnPriority.name(), m_pMnPriority->isChecked());
+    writeSetting(key, RecordingSettings::kLogType, logged.join(','));
+    writeSetting(key, RecordingSettings::kLogDirectory, m_pLogDirectory->text());
+    writeSetting(key, RecordingSettings::kDelFilesOlder, m_pDelFilesOlder->value());
+    writeSetting(key, SourceSettings::kAutoReconnect, m_pAutoReconnect->value());
+    writeSetting(key, SourceSettings::kMnPriority, m_pMnPriority->isChecked());
     m_pRaw->clear();
     if (m_apply) m_apply();
 }

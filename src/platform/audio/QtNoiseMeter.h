@@ -23,7 +23,6 @@ public:
     void start() override;
     void stop() override;
     int level() const override { return m_nLevel; }
-    bool isMeasuring() const { return m_source != nullptr; }
 
 private:
     void readSamples();

@@ -20,7 +20,6 @@ public:
     explicit QtSoundOutput(QObject* parent = nullptr);
     ~QtSoundOutput() override;
 
-    bool hasDevice() const { return m_bDevice; }
     int playingCount() const { return int(m_playing.size()); }
 
     void playFile(const QString& hostPath) override;

@@ -1,10 +1,11 @@
 #include "shell/pages/CSettingsPage.h"
 
+#include "gps/GpsSettings.h"
 #include "gps/sound/SoundSettings.h"
 #include "gps/sources/SourceSettings.h"
-#include "shell/ShellSettings.h"
 #include "settings/CRegistryKey.h"
 #include "settings/ValueText.h"
+#include "shell/ShellSettings.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -20,6 +21,8 @@ namespace {
 
 // The value field shows this while "DynaSound" is stored as 0 (off).
 constexpr int kDynaSoundShownWhenOff = 20;
+// "ThresholdHeading" is shown, and stored, with one decimal.
+constexpr int kThresholdDecimals = 1;
 
 } // namespace
 
@@ -83,8 +86,9 @@ CSettingsPage::CSettingsPage(Actions actions, QWidget* parent)
     connect(m_pAutoStartPath, &QLineEdit::editingFinished, this, &CSettingsPage::WriteAutoStart);
     connect(browse, &QPushButton::clicked, this, &CSettingsPage::BrowseAutoStart);
     const auto writeFlag = [this](QCheckBox* box, const Setting<bool>& setting) {
-        connect(box, &QCheckBox::toggled, this, [this, name = setting.name()](bool on) {
-            if (!m_bLoading) CRegistryKey().WriteFlag(name, on);
+        connect(box, &QCheckBox::toggled, this, [this, pSetting = &setting](bool on) {
+            CRegistryKey key;
+            if (!m_bLoading) writeSetting(key, *pSetting, on);
         });
     };
     writeFlag(m_pPostNavi, ShellSettings::kPostNavi);
@@ -98,9 +102,9 @@ CSettingsPage::CSettingsPage(Actions actions, QWidget* parent)
     });
     connect(m_pThresholdHeading, &QLineEdit::editingFinished, this, [this] {
         const float threshold = float(ValueText::wcstod(m_pThresholdHeading->text().replace(',', '.')));
-        CRegistryKey().WriteString(GpsSettings::kThresholdHeading.name(),
-                                   QString::asprintf("%.1f", threshold));
-        m_pThresholdHeading->setText(QString::asprintf("%.1f", threshold));
+        CRegistryKey key;
+        writeSetting(key, GpsSettings::kThresholdHeading, threshold, kThresholdDecimals);
+        m_pThresholdHeading->setText(QString::number(threshold, 'f', kThresholdDecimals));
     });
 }
 
@@ -121,7 +125,8 @@ void CSettingsPage::Load() {
     m_pLowPriority->setChecked(readSetting(key, ShellSettings::kLowPriority));
     m_pSetSystemTime->setChecked(readSetting(key, GpsSettings::kSetSystemTime));
     m_pNoPowerdown->setChecked(readSetting(key, ShellSettings::kNoPowerdown));
-    m_pThresholdHeading->setText(QString::asprintf("%.1f", readSetting(key, GpsSettings::kThresholdHeading)));
+    m_pThresholdHeading->setText(
+        QString::number(readSetting(key, GpsSettings::kThresholdHeading), 'f', kThresholdDecimals));
     m_pCleanIECache->setChecked(readSetting(key, ShellSettings::kCleanIECache));
     m_pCloseByTitleBar->setChecked(readSetting(key, ShellSettings::kCloseByTitleBar));
     m_bLoading = false;
@@ -130,19 +135,20 @@ void CSettingsPage::Load() {
 void CSettingsPage::WriteVolume() {
     if (m_bLoading) return;
     CRegistryKey key;
-    key.WriteFlag(SoundSettings::kSpeedVol.name(), m_pSpeedVol->isChecked());
-    key.WriteByte(SoundSettings::kMinVol.name(), uint8_t(m_pMinVol->value()));
-    key.WriteByte(SoundSettings::kMaxVol.name(), uint8_t(m_pMaxVol->value()));
-    key.WriteDword(SoundSettings::kMaxVolSpeed.name(), uint32_t(m_pMaxVolSpeed->value()));
-    key.WriteByte(SoundSettings::kDynaSound.name(),
-                  uint8_t(m_pDynaSound->isChecked() ? m_pDynaSoundValue->value() : 0));
+    writeSetting(key, SoundSettings::kSpeedVol, m_pSpeedVol->isChecked());
+    writeSetting(key, SoundSettings::kMinVol, uint8_t(m_pMinVol->value()));
+    writeSetting(key, SoundSettings::kMaxVol, uint8_t(m_pMaxVol->value()));
+    writeSetting(key, SoundSettings::kMaxVolSpeed, m_pMaxVolSpeed->value());
+    writeSetting(key, SoundSettings::kDynaSound,
+                 uint8_t(m_pDynaSound->isChecked() ? m_pDynaSoundValue->value() : 0));
     if (m_actions.volumeSettingsChanged) m_actions.volumeSettingsChanged();
 }
 
 void CSettingsPage::WriteAutoStart() {
     if (m_bLoading) return;
-    CRegistryKey().WriteString(ShellSettings::kAutoStart.name(),
-                               m_pAutoStart->isChecked() ? m_pAutoStartPath->text() : QString());
+    CRegistryKey key;
+    writeSetting(key, ShellSettings::kAutoStart,
+                 m_pAutoStart->isChecked() ? m_pAutoStartPath->text() : QString());
 }
 
 void CSettingsPage::BrowseAutoStart() {

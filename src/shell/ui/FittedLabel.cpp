@@ -13,13 +13,6 @@ void FittedLabel::setText(const QString& text) {
     update();
 }
 
-void FittedLabel::setColour(const QColor& colour) {
-    QPalette p = palette();
-    p.setColor(QPalette::WindowText, colour);
-    setPalette(p);
-    update();
-}
-
 void FittedLabel::paintEvent(QPaintEvent*) {
     if (m_strText.isEmpty()) return;
     QPainter painter(this);

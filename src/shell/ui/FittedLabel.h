@@ -9,7 +9,6 @@ public:
     explicit FittedLabel(QWidget* parent = nullptr, Qt::Alignment alignment = Qt::AlignCenter);
     void setText(const QString& text);
     const QString& text() const { return m_strText; }
-    void setColour(const QColor& colour);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

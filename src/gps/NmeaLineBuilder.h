@@ -4,9 +4,11 @@
 #include <cstdint>
 
 // Builds one NMEA sentence field by field, the way a receiver writes it: numbers with a decimal
-// point whatever the process locale, and "*" with the checksum in upper-case hex and "\r\n".
+// point whatever the process locale, then "*", the checksum in two hex digits and "\r\n".
 class NmeaLineBuilder {
 public:
+    enum class HexCase { Upper, Lower };
+
     explicit NmeaLineBuilder(const char* name); // "$GPGGA"
 
     NmeaLineBuilder& text(const QByteArray& field);
@@ -21,7 +23,10 @@ public:
     NmeaLineBuilder& latitude(double degrees);
     NmeaLineBuilder& longitude(double degrees);
 
-    QByteArray finish() const;
+    QByteArray finish(HexCase checksumCase = HexCase::Upper) const;
+
+    // printf's "%0<width>.<decimals>f", with a decimal point whatever the process locale.
+    static QByteArray fixedText(double value, int decimals, int width = 0);
 
 private:
     NmeaLineBuilder& coordinate(double degrees, int degreeDigits, char positive, char negative);

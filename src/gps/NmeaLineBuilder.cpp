@@ -1,11 +1,12 @@
-#include "demo/NmeaLineBuilder.h"
+#include "gps/NmeaLineBuilder.h"
 
+#include "gps/NmeaSentence.h"
 #include "platform/DeviceClock.h"
 
 #include <QDate>
 
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -31,7 +32,7 @@ NmeaLineBuilder& NmeaLineBuilder::empty(int count) {
 }
 
 NmeaLineBuilder& NmeaLineBuilder::fixed(double value, int decimals, int width) {
-    return text(padded(QByteArray::number(value, 'f', decimals), width));
+    return text(fixedText(value, decimals, width));
 }
 
 NmeaLineBuilder& NmeaLineBuilder::integer(int64_t value, int width) {
@@ -70,9 +71,18 @@ NmeaLineBuilder& NmeaLineBuilder::coordinate(double degrees, int degreeDigits, c
     return text(QByteArray(1, degrees < 0 ? negative : positive));
 }
 
-QByteArray NmeaLineBuilder::finish() const {
-    unsigned checksum = 0;
-    for (qsizetype i = 1; i < m_line.size(); ++i)
-        checksum ^= static_cast<unsigned char>(m_line[i]);
-    return m_line + '*' + padded(QByteArray::number(checksum, 16).toUpper(), 2) + "\r\n";
+QByteArray NmeaLineBuilder::finish(HexCase checksumCase) const {
+    QByteArray hex =
+        padded(QByteArray::number(nmeaChecksum(std::string_view(m_line.constData(), m_line.size())), 16), 2);
+    if (checksumCase == HexCase::Upper) hex = hex.toUpper();
+    return m_line + '*' + hex + "\r\n";
+}
+
+QByteArray NmeaLineBuilder::fixedText(double value, int decimals, int width) {
+    char digits[350]; // the longest double in fixed notation, with its sign and point
+    const auto result =
+        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
+    const QByteArray text(digits, result.ptr - digits);
+    if (!text.startsWith('-')) return padded(text, width);
+    return '-' + padded(text.mid(1), width - 1);
 }
