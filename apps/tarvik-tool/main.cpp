@@ -23,6 +23,8 @@ const Noun kNouns[] = {
     {"coord", "write and read coordinates in the position notations", runCoordCommand},
     {"geo", "great-circle distance, course and destination", runGeoCommand},
     {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand},
+    {"kal", "map calibrations: fit points, read and write .kal files, convert positions", runKalCommand},
+    {"map", "the map catalogue of a folder: scan it, choose the best map for a position", runMapCommand},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},

@@ -1,0 +1,104 @@
+#include "Commands.h"
+#include "NumberArgs.h"
+#include "maps/CMapCatalogue.h"
+#include "maps/MapPaths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const char* const kUsage =
+    "tarvik-tool map scan DIR [--current IMAGE]\n"
+    "       tarvik-tool map best DIR --lon X --lat Y --mpp M [--current IMAGE] [--scores]\n"
+    "The catalogue of the calibrated maps in DIR, built as the map view builds it: from DIR/cache.ini,\n"
+    "or from the .kal files, after which cache.ini is written (delete it to rescan). IMAGE, a file name\n"
+    "in DIR, is the current map. scan prints the catalogue as CSV: index, file, width, height, points,\n"
+    "min_lon, min_lat, max_lon, max_lat, m_per_px, current. best chooses the map for the view centred on\n"
+    "X, Y (decimal degrees) at M metres per screen pixel, as the automatic map change does "
+    "(\"AutoLoadNext\"\n"
+    "of the settings), and prints {\"file\", \"score\", \"contains\"}; with --scores the sorted catalogue\n"
+    "as CSV: file, score, contains.";
+
+// A view without a screen that shows one fixed spot.
+class CToolMapHost : public CMapViewHost {
+public:
+    MapViewSpot m_spot;
+    MapViewSpot ShownSpot() const override { return m_spot; }
+};
+
+QString boolText(bool value) {
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+int scan(ToolContext& ctx, CMapCatalogue& catalogue) {
+    ctx.printCsvRow({"index", "file", "width", "height", "points", "min_lon", "min_lat", "max_lon", "max_lat",
+                     "m_per_px", "current"});
+    int index = 0;
+    for (const auto& map : catalogue.Maps()) {
+        ctx.printCsvRow({QString::number(index++), MapPaths::FileNamePart(map->MapFile()),
+                         QString::number(map->MapSize().cx), QString::number(map->MapSize().cy),
+                         QString::number(map->PointCount()), ToolContext::number(map->MinLong()),
+                         ToolContext::number(map->MinLat()), ToolContext::number(map->MaxLong()),
+                         ToolContext::number(map->MaxLat()), ToolContext::number(map->MetersPerPixel()),
+                         map.get() == catalogue.CurrentMap() ? "1" : "0"});
+    }
+    return ToolContext::kOk;
+}
+
+int best(ToolContext& ctx, const ToolOptions& options, CToolMapHost& host, CMapCatalogue& catalogue) {
+    const QStringList names = {QStringLiteral("--lon"), QStringLiteral("--lat"), QStringLiteral("--mpp")};
+    QStringList texts;
+    for (const QString& name : names) {
+        if (!options.has(name)) return ctx.usageError(kUsage);
+        texts << options.value(name);
+    }
+    QString badText;
+    const auto n = parseNumberArgs(texts, badText);
+    if (!n) return ctx.inputError("not a number: " + badText);
+    if (catalogue.Maps().empty()) return ctx.inputError("no calibrated maps in " + options.positional()[1]);
+    host.m_spot = MapViewSpot{n->at(0), n->at(1), n->at(2)};
+    catalogue.SelectBestMap();
+    if (options.has(QStringLiteral("--scores"))) {
+        ctx.printCsvRow({"file", "score", "contains"});
+        for (const auto& map : catalogue.Maps())
+            ctx.printCsvRow({MapPaths::FileNamePart(map->MapFile()), ToolContext::number(map->Score()),
+                             boolText(map->Contains(n->at(0), n->at(1)))});
+        return ToolContext::kOk;
+    }
+    const MapCalibration* current = catalogue.CurrentMap();
+    if (!current) return ctx.inputError("no map chosen: the automatic map change (AutoLoadNext) is off");
+    ctx.printJson({{"file", ToolContext::jsonString(MapPaths::FileNamePart(current->MapFile()))},
+                   {"score", ToolContext::number(current->Score())},
+                   {"contains", boolText(current->Contains(n->at(0), n->at(1)))}});
+    return ToolContext::kOk;
+}
+
+} // namespace
+
+int runMapCommand(ToolContext& ctx, QStringList args) {
+    const ToolOptions options(args,
+                              {QStringLiteral("--current"), QStringLiteral("--lon"), QStringLiteral("--lat"),
+                               QStringLiteral("--mpp")},
+                              {QStringLiteral("--help"), QStringLiteral("--scores")});
+    if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
+    if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
+    const QStringList pos = options.positional();
+    const QString verb = pos.value(0);
+    const bool scanVerb = verb == QLatin1String("scan");
+    if ((!scanVerb && verb != QLatin1String("best")) || pos.size() != 2) return ctx.usageError(kUsage);
+    if (scanVerb &&
+        (options.has("--lon") || options.has("--lat") || options.has("--mpp") || options.has("--scores")))
+        return ctx.usageError(kUsage);
+    if (!QFileInfo(pos[1]).isDir()) return ctx.inputError("not a folder: " + pos[1]);
+
+    CToolMapHost host;
+    CMapCatalogue catalogue(host);
+    catalogue.ReadSettings();
+    catalogue.SetShowMap(true);
+    // The current map's full name; without --current only its folder, which no map matches.
+    const QString current = MapPaths::FileNamePart(options.value(QStringLiteral("--current")));
+    catalogue.SetMapFile(QDir(pos[1]).absolutePath() + '/' + current);
+    catalogue.ScanMaps();
+    return scanVerb ? scan(ctx, catalogue) : best(ctx, options, host, catalogue);
+}
