@@ -1,16 +1,22 @@
 #include "Commands.h"
+#include "MapToolSupport.h"
 #include "NumberArgs.h"
 #include "maps/CMapCatalogue.h"
+#include "maps/MapImport.h"
 #include "maps/MapPaths.h"
+#include "maps/WorldFile.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace {
 
 const char* const kUsage =
     "tarvik-tool map scan DIR [--current IMAGE]\n"
     "       tarvik-tool map best DIR --lon X --lat Y --mpp M [--current IMAGE] [--scores]\n"
+    "       tarvik-tool map import FILE [--image IMG] [--utm ZONE]\n"
+    "       tarvik-tool map export KAL (--ozi|--world) OUT\n"
     "The catalogue of the calibrated maps in DIR, built as the map view builds it: from DIR/cache.ini,\n"
     "or from the .kal files, after which cache.ini is written (delete it to rescan). IMAGE, a file name\n"
     "in DIR, is the current map. scan prints the catalogue as CSV: index, file, width, height, points,\n"
@@ -18,7 +24,15 @@ const char* const kUsage =
     "X, Y (decimal degrees) at M metres per screen pixel, as the automatic map change does "
     "(\"AutoLoadNext\"\n"
     "of the settings), and prints {\"file\", \"score\", \"contains\"}; with --scores the sorted catalogue\n"
-    "as CSV: file, score, contains.";
+    "as CSV: file, score, contains.\n"
+    "import reads an OziExplorer .map (WGS 84 only; of more than four points the four spanning the\n"
+    "largest area are fitted) or a world file (.jgw .pgw .gfw .bpw .tfw .wld: degrees, Web Mercator\n"
+    "metres, or UTM metres of --utm ZONE such as 32N), writes the .kal beside the image and prints the\n"
+    "fit as \"kal fit\" does, with the residual of every point of the file; then, where the file's own\n"
+    "projection is known, the fit's distance from it at the centre and the edge midpoints top, right,\n"
+    "bottom, left (a world file's points are the four corners; a map of UTM grid points adds the\n"
+    "corners before the centre). export writes a\n"
+    "calibration as an OziExplorer .map, or as a world file in degrees (two or three points only).";
 
 // A view without a screen that shows one fixed spot.
 class CToolMapHost : public CMapViewHost {
@@ -74,17 +88,66 @@ int best(ToolContext& ctx, const ToolOptions& options, CToolMapHost& host, CMapC
     return ToolContext::kOk;
 }
 
+int import(ToolContext& ctx, const ToolOptions& options, const QString& file) {
+    const QString suffix = QFileInfo(file).suffix().toLower();
+    const bool ozi = suffix == QLatin1String("map");
+    const QStringList worldSuffixes = {"jgw", "pgw", "gfw", "bpw", "tfw", "wld"};
+    if (!ozi && !worldSuffixes.contains(suffix))
+        return ctx.inputError("not an OziExplorer .map or a world file: " + file);
+    if (ozi && options.has(QStringLiteral("--utm"))) return ctx.usageError(kUsage);
+    MapImport result;
+    QString error;
+    const QString image = options.value(QStringLiteral("--image"));
+    const bool imported =
+        ozi ? ImportOziMap(file, image, result, error)
+            : ImportWorldFile(file, image, options.value(QStringLiteral("--utm")), result, error);
+    if (!imported) return ctx.inputError(file + ": " + error);
+    if (!result.calibration.SaveCalibration())
+        return ctx.inputError("cannot write the calibration of " + result.calibration.MapFile());
+    printCalibration(ctx, result.calibration, result.quality);
+    return ToolContext::kOk;
+}
+
+int exportCalibration(ToolContext& ctx, const ToolOptions& options, const QString& kal, const QString& out) {
+    const bool ozi = options.has(QStringLiteral("--ozi"));
+    if (ozi == options.has(QStringLiteral("--world"))) return ctx.usageError(kUsage);
+    MapCalibration map;
+    if (!loadCalibrationBeside(kal, std::nullopt, map))
+        return ctx.inputError(kal + " does not load as a calibration");
+    const std::optional<QByteArray> bytes = ozi ? WriteOziMap(map) : WriteWorldFile(map);
+    if (!bytes)
+        return ctx.inputError(
+            QStringLiteral("a world file holds two or three points (affine), not %1").arg(map.PointCount()));
+    QSaveFile file(out);
+    if (!file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size() || !file.commit())
+        return ctx.inputError("cannot write " + out);
+    return ToolContext::kOk;
+}
+
 } // namespace
 
 int runMapCommand(ToolContext& ctx, QStringList args) {
     const ToolOptions options(args,
                               {QStringLiteral("--current"), QStringLiteral("--lon"), QStringLiteral("--lat"),
-                               QStringLiteral("--mpp")},
-                              {QStringLiteral("--help"), QStringLiteral("--scores")});
+                               QStringLiteral("--mpp"), QStringLiteral("--image"), QStringLiteral("--utm")},
+                              {QStringLiteral("--help"), QStringLiteral("--scores"), QStringLiteral("--ozi"),
+                               QStringLiteral("--world")});
     if (!options.ok()) return ctx.usageError(options.error() + '\n' + kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QStringList pos = options.positional();
     const QString verb = pos.value(0);
+    const bool importVerb = verb == QLatin1String("import"), exportVerb = verb == QLatin1String("export");
+    const bool catalogueOptions = options.has("--current") || options.has("--lon") || options.has("--lat") ||
+                                  options.has("--mpp") || options.has("--scores");
+    const bool fileOptions =
+        options.has("--image") || options.has("--utm") || options.has("--ozi") || options.has("--world");
+    if (importVerb && pos.size() == 2 && !catalogueOptions && !options.has("--ozi") &&
+        !options.has("--world"))
+        return import(ctx, options, pos[1]);
+    if (exportVerb && pos.size() == 3 && !catalogueOptions && !options.has("--image") &&
+        !options.has("--utm"))
+        return exportCalibration(ctx, options, pos[1], pos[2]);
+    if (fileOptions) return ctx.usageError(kUsage);
     const bool scanVerb = verb == QLatin1String("scan");
     if ((!scanVerb && verb != QLatin1String("best")) || pos.size() != 2) return ctx.usageError(kUsage);
     if (scanVerb &&

@@ -6,6 +6,7 @@
 #include "maps/Truncate.h"
 #include "nav/GeoSphere.h"
 #include "platform/PhysicalMemory.h"
+#include "settings/CIniFile.h"
 #include "settings/CRegistryKey.h"
 
 #include <QDirIterator>
@@ -13,6 +14,7 @@
 #include <QThread>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -25,6 +27,12 @@ bool scoreBefore(const std::unique_ptr<MapCalibration>& a, const std::unique_ptr
     const double x = a->Score(), y = b->Score();
     if (std::isnan(y)) return !std::isnan(x);
     return x < y;
+}
+
+// The zoom is a float: a rescaled zoom beyond its range becomes infinite rather than undefined.
+float narrowZoom(double zoom) {
+    if (std::abs(zoom) > std::numeric_limits<float>::max()) return zoom > 0 ? HUGE_VALF : -HUGE_VALF;
+    return static_cast<float>(zoom);
 }
 
 } // namespace
@@ -64,7 +72,10 @@ void CMapCatalogue::ScanMaps() {
     const QString folder = MapPaths::DirectoryPart(m_strMapFile);
     m_dUnionMinLong = m_dUnionMaxLong = m_dUnionMinLat = m_dUnionMaxLat = 0.0;
     const auto take = [this](std::unique_ptr<MapCalibration> map) { TakeScanned(std::move(map)); };
-    if (!MapCacheFile::Read(folder + kCacheFile, folder, take)) {
+    CIniFile cache;
+    if (cache.Load(folder + kCacheFile)) {
+        MapCacheFile::Read(cache, folder, take);
+    } else {
         ScanCalibrationFiles(folder);
         MapCacheFile::Write(folder + kCacheFile, m_maps);
     }
@@ -125,7 +136,8 @@ void CMapCatalogue::SelectBestMap() {
 
     MapCalibration* best = m_maps.front().get();
     if (best == m_pCurrentMap) return;
-    if (m_pCurrentMap) m_fZoom = float(m_fZoom / m_pCurrentMap->MetersPerPixel() * best->MetersPerPixel());
+    if (m_pCurrentMap)
+        m_fZoom = narrowZoom(m_fZoom / m_pCurrentMap->MetersPerPixel() * best->MetersPerPixel());
     m_pCurrentMap = best;
     m_host.RecomputeView();
     if (!best->HasImage() && !best->MapFile().isEmpty() && !LoadMapImage(*best)) {

@@ -1,11 +1,13 @@
 #include "maps/CalibrationQuality.h"
 
 #include "maps/MapCalibration.h"
-#include "nav/GeoSphere.h"
+#include "nav/GeoConstants.h"
 
 #include <cmath>
 
 namespace {
+
+constexpr double kMetresPerDegree = 111120.0;
 
 struct Corner {
     double x, y;
@@ -57,8 +59,12 @@ PointResidual ResidualOf(const MapCalibration& map, Point pixel, double lon, dou
     map.GeoToPixelMatrix().MultiplyVector(in, out);
     double pixelLon, pixelLat;
     map.PixelToGeo(pixel.x, pixel.y, pixelLon, pixelLat);
+    // Locally flat on the sphere of 111.12 km per degree: exact enough for the small distances of a
+    // residual, where the great-circle formula drowns in rounding (about 0.1 m for equal points).
+    const double northMetres = (pixelLat - lat) * kMetresPerDegree;
+    const double eastMetres = (pixelLon - lon) * kMetresPerDegree * std::cos(lat * DegToRad);
     return PointResidual{out[0] / out[2] - pixel.x, out[1] / out[2] - pixel.y,
-                         GeoDistance(pixelLon, pixelLat, lon, lat) * 1000.0};
+                         std::hypot(northMetres, eastMetres)};
 }
 
 CalibrationQuality AssessCalibration(const MapCalibration& map) {

@@ -43,11 +43,9 @@ private:
 
 namespace MapCacheFile {
 
-bool Read(const QString& cachePath, const QString& folder,
+void Read(const CIniFile& cache, const QString& folder,
           const std::function<void(std::unique_ptr<MapCalibration>)>& take) {
-    CIniFile ini;
-    if (!ini.Load(cachePath)) return false;
-    const CSectionIndex sections(ini);
+    const CSectionIndex sections(cache);
     for (qsizetype i = 0;; ++i) {
         const QString section = mapSection(i);
         QString bitmap, sizeText;
@@ -73,7 +71,6 @@ bool Read(const QString& cachePath, const QString& folder,
         map->SetPoints(count, pixels, lons, lats);
         take(std::move(map));
     }
-    return true;
 }
 
 bool Write(const QString& cachePath, const std::vector<std::unique_ptr<MapCalibration>>& maps) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+class CIniFile;
 class MapCalibration;
 
 // "cache.ini", the catalogue cache in the folder of the maps: one section "Map_<i>" per map (i from
@@ -12,10 +13,10 @@ class MapCalibration;
 // "Long_<j>" and "Lat_<j>". It is never checked against the folder.
 namespace MapCacheFile {
 
-// Reads the cache; false when the file cannot be read. Each section from "Map_0" on, until the first
-// without both "Bitmap" and "Size", becomes a map (folder + "Bitmap") handed to `take`, provided its
-// points read in order without a gap number at least two.
-bool Read(const QString& cachePath, const QString& folder,
+// Each section of the cache from "Map_0" on, until the first without both "Bitmap" and "Size",
+// becomes a map (folder + "Bitmap") handed to `take`, provided its points, read in order up to the
+// first missing one, number at least two.
+void Read(const CIniFile& cache, const QString& folder,
           const std::function<void(std::unique_ptr<MapCalibration>)>& take);
 
 bool Write(const QString& cachePath, const std::vector<std::unique_ptr<MapCalibration>>& maps);

@@ -7,6 +7,8 @@
 #include <QString>
 #include <cstdint>
 
+class CIniFile;
+
 // One map: its image, the image's file name and size, and up to four calibration points that pair a
 // pixel with a geographic position (decimal degrees on WGS 84, east and north positive). From the
 // points it fits a 3x3 geo-to-pixel matrix and its inverse: two points give a scale and offset per
@@ -50,6 +52,8 @@ public:
     // by "kal" (a map file name shorter than 5 characters fails). The older one-corner layout is read
     // too and at once rewritten in the current layout.
     bool LoadCalibration(const QString& path = QString());
+    // The same from a profile already read from `kalPath`, the file an older layout is rewritten to.
+    bool LoadCalibrationFrom(CIniFile& ini, const QString& kalPath);
     bool SaveCalibration(const QString& path = QString()) const;
 
     // Places the map over the square around the centre of the rectangle lon A..B, lat C..D whose

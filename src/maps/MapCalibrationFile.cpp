@@ -25,8 +25,10 @@ bool MapCalibration::LoadCalibration(const QString& path) {
     QString kalPath;
     if (!resolvePath(path, m_strMapFile, kalPath)) return false;
     CIniFile ini;
-    if (!ini.Load(kalPath)) return false;
+    return ini.Load(kalPath) && LoadCalibrationFrom(ini, kalPath);
+}
 
+bool MapCalibration::LoadCalibrationFrom(CIniFile& ini, const QString& kalPath) {
     Size size;
     const bool hasSize = ini.ReadSize(kMapSection, QStringLiteral("Size"), size);
     if (hasSize) m_size = size;
