@@ -1,10 +1,10 @@
 #include "maps/CMapCatalogue.h"
 
+#include "maps/DistanceFromSpot.h"
 #include "maps/MapCacheFile.h"
 #include "maps/MapPaths.h"
 #include "maps/MapSettings.h"
 #include "maps/Truncate.h"
-#include "nav/GeoSphere.h"
 #include "platform/PhysicalMemory.h"
 #include "settings/CIniFile.h"
 #include "settings/CRegistryKey.h"
@@ -123,13 +123,13 @@ void CMapCatalogue::SelectBestMap() {
         LoadCurrentMap(false);
         return;
     }
+    const CDistanceFromSpot fromSpot(spot.dLong, spot.dLat);
     for (const auto& map : m_maps) {
-        double lon, lat;
-        map->GetCentre(lon, lat);
-        map->SetScore(GeoDistance(spot.dLong, spot.dLat, lon, lat) +
+        const MapCalibration::SelectionCentre& centre = map->CentreForSelection();
+        map->SetScore(fromSpot.Km(centre.dLong, centre.dLat, centre.dSinColat, centre.dCosColat) +
                       std::abs(map->MetersPerPixel() - wanted) * 100.0);
     }
-    std::sort(m_maps.begin(), m_maps.end(), scoreBefore);
+    SortByScore();
     const auto containing = std::find_if(
         m_maps.begin(), m_maps.end(), [&](const auto& map) { return map->Contains(spot.dLong, spot.dLat); });
     if (containing != m_maps.end()) std::rotate(m_maps.begin(), containing, containing + 1);
@@ -149,6 +149,19 @@ void CMapCatalogue::SelectBestMap() {
     m_strMapFile = best->MapFile();
     CRegistryKey(SettingsPath()).WriteString(MapSettings::kLoadedMap.name(), m_strMapFile);
     UpdateTitle();
+}
+
+// The catalogue is still sorted from the last redraw but for the map moved to the front, and the
+// spot has moved little: insertion sort finishes in about one pass. A large move falls back to the
+// full sort once the insertions grow costly.
+void CMapCatalogue::SortByScore() {
+    const size_t limit = 16 * m_maps.size() + 64;
+    size_t moves = 0;
+    for (size_t i = 1; i < m_maps.size() && moves <= limit; ++i) {
+        for (size_t j = i; j > 0 && scoreBefore(m_maps[j], m_maps[j - 1]) && moves <= limit; --j, ++moves)
+            std::swap(m_maps[j], m_maps[j - 1]);
+    }
+    if (moves > limit) std::sort(m_maps.begin(), m_maps.end(), scoreBefore);
 }
 
 void CMapCatalogue::ToggleAutoLoadNext() {

@@ -76,6 +76,7 @@ private:
     void ScanCalibrationFiles(const QString& folder);
     void JoinUnion(const MapCalibration& map);
     void UpdateOverview();
+    void SortByScore();
     void WaitForIdleDrawing() const;
     QString SettingsPath() const;
 

@@ -1,5 +1,6 @@
 #include "maps/MapCalibration.h"
 
+#include "maps/DistanceFromSpot.h"
 #include "maps/Truncate.h"
 #include "nav/GeoSphere.h"
 
@@ -49,6 +50,7 @@ int MapCalibration::DeletePoint(int index) {
         m_dPointLat[i] = m_dPointLat[i + 1];
     }
     --m_nPoints;
+    Changed();
     if (before != 1) Fit();
     m_nModified = 1;
     return 1;
@@ -99,6 +101,7 @@ int MapCalibration::GetCentre(double& lon, double& lat) const {
 }
 
 bool MapCalibration::Fit() {
+    Changed();
     SolveGeoToPixel();
     m_pixelToGeo = m_geoToPixel;
     m_pixelToGeo.Invert(); // a failed inversion leaves the copy, which the back-conversion then rejects
@@ -195,6 +198,7 @@ void MapCalibration::AutoCalibrate(double lonA, double lonB, double latC, double
     m_nPoints = 0;
     m_geoToPixel.SetIdentity();
     m_pixelToGeo.SetIdentity();
+    Changed();
     if (lonB == 0.0) return;
     const double widthKm = GeoDistance(lonA, latC, lonB, latC) * factor;
     const double heightKm = GeoDistance(lonA, latC, lonA, latD) * factor;
@@ -222,6 +226,15 @@ bool MapCalibration::CreateBlank(int width, int height) {
     if (blank.isNull()) return false;
     blank.fill(0xFFFF); // every byte 255
     m_bitmap = blank;
-    m_size = Size{width, height};
+    SetMapSize(Size{width, height});
     return true;
+}
+
+const MapCalibration::SelectionCentre& MapCalibration::CentreForSelection() {
+    if (!m_bCentreKnown) {
+        GetCentre(m_centre.dLong, m_centre.dLat);
+        CDistanceFromSpot::Colatitude(m_centre.dLat, m_centre.dSinColat, m_centre.dCosColat);
+        m_bCentreKnown = true;
+    }
+    return m_centre;
 }

@@ -72,7 +72,10 @@ public:
     const QString& MapFile() const { return m_strMapFile; }
     void SetMapFile(const QString& path) { m_strMapFile = path; }
     Size MapSize() const { return m_size; }
-    void SetMapSize(Size size) { m_size = size; }
+    void SetMapSize(Size size) {
+        m_size = size;
+        Changed();
+    }
 
     double MetersPerPixel() const { return m_dMetersPerPixel; }
     double MinLong() const { return m_dMinLong; }
@@ -84,14 +87,25 @@ public:
     bool IsModified() const { return m_nModified != 0; }
     void ClearModified() { m_nModified = 0; }
 
-    double Score() const { return m_dScore; } // scratch of the catalogue's map choice
+    // Scratch of the catalogue's map choice, which scores every map at each redraw: the score, and
+    // GetCentre's position with the sine and cosine of its co-latitude, kept until the points, the
+    // matrices or the size change.
+    struct SelectionCentre {
+        double dLong = 0.0, dLat = 0.0, dSinColat = 0.0, dCosColat = 0.0;
+    };
+    double Score() const { return m_dScore; }
     void SetScore(double score) { m_dScore = score; }
+    const SelectionCentre& CentreForSelection();
 
 private:
     void SolveGeoToPixel();
     void UpdateBoundingBox();
 
+    void Changed() { m_bCentreKnown = false; }
+
     double m_dScore = 0.0;
+    bool m_bCentreKnown = false;
+    SelectionCentre m_centre;
     QImage m_bitmap;
     double m_dMetersPerPixel = 1.0;
     double m_dMinLong = 0.0;

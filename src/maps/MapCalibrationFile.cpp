@@ -31,13 +31,14 @@ bool MapCalibration::LoadCalibration(const QString& path) {
 bool MapCalibration::LoadCalibrationFrom(CIniFile& ini, const QString& kalPath) {
     Size size;
     const bool hasSize = ini.ReadSize(kMapSection, QStringLiteral("Size"), size);
-    if (hasSize) m_size = size;
+    if (hasSize) SetMapSize(size);
     QString bitmap;
     const bool hasBitmap = ini.ReadString(kMapSection, QStringLiteral("Bitmap"), bitmap);
     if (hasBitmap && m_strMapFile.isEmpty()) m_strMapFile = MapPaths::DirectoryPart(kalPath) + bitmap;
 
     // A missing or incomplete point section is skipped; the later points close the gap.
     m_nPoints = 0;
+    Changed();
     for (int number = 1; number <= kMaxPoints; ++number) {
         const QString section = pointSection(number);
         if (ini.ReadPoint(section, QStringLiteral("Pixel"), m_points[m_nPoints]) &&

@@ -235,3 +235,39 @@ TEST(Calibration, CentreAndBlankImage) {
     EXPECT_NEAR(lon, 11.5, 1e-12);
     EXPECT_NEAR(lat, 48.5, 1e-12);
 }
+
+TEST(Calibration, TheKeptCentreFollowsEveryChange) {
+    const struct {
+        const char* legend;
+        void (*change)(MapCalibration&);
+    } cases[] = {
+        {"a point moved",
+         [](MapCalibration& m) {
+             m.SetPoint(1, Point{1000, 0}, 13.0, 49.0);
+         }},
+        {"a point deleted", [](MapCalibration& m) { m.DeletePoint(0); }},
+        {"all points replaced",
+         [](MapCalibration& m) {
+             const Point pixels[2] = {{0, 800}, {1000, 0}};
+             const double lons[2] = {1, 2}, lats[2] = {3, 4};
+             m.SetPoints(2, pixels, lons, lats);
+         }},
+        {"another size",
+         [](MapCalibration& m) {
+             m.SetMapSize(Size{500, 400});
+         }},
+        {"a blank image", [](MapCalibration& m) { m.CreateBlank(200, 100); }},
+        {"placed automatically", [](MapCalibration& m) { m.AutoCalibrate(5, 6, 40, 41, 1.5); }},
+        {"cleared by an automatic placement without B",
+         [](MapCalibration& m) { m.AutoCalibrate(5, 0, 40, 41, 1.5); }},
+    };
+    for (const auto& c : cases) {
+        MapCalibration map = twoPointMap();
+        map.CentreForSelection();
+        c.change(map);
+        double lon, lat;
+        map.GetCentre(lon, lat);
+        EXPECT_EQ(map.CentreForSelection().dLong, lon) << c.legend;
+        EXPECT_EQ(map.CentreForSelection().dLat, lat) << c.legend;
+    }
+}

@@ -1,4 +1,4 @@
-#include "maps/CMapCatalogue.h"
+#include "RecordingHost.h"
 #include "settings/CRegistryKey.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
@@ -11,27 +11,23 @@
 
 namespace {
 
-// A view without a screen that records what the catalogue asks of it.
-class CRecordingHost : public CMapViewHost {
-public:
-    MapViewSpot m_spot;
-    QString m_strTitle, m_strStatus;
-    int m_nFreeMemoryCalls = 0;
-    MapCalibration* m_pDisplayed = nullptr;
-
-    MapViewSpot ShownSpot() const override { return m_spot; }
-    QSize ScreenSize() const override { return {320, 240}; }
-    void DisplayMap(MapCalibration* map) override { m_pDisplayed = map; }
-    void SetStatusText(const QString& text) override { m_strStatus = text; }
-    void SetTitle(const QString& title) override { m_strTitle = title; }
-    void FreeMemory() override { ++m_nFreeMemoryCalls; }
-};
-
 void writeFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(bytes);
 }
+
+} // namespace
+
+ScannedCatalogue::ScannedCatalogue(const QString& folder, const QByteArray& cacheText,
+                                   const QString& current) {
+    writeFile(folder + "/cache.ini", cacheText);
+    catalogue.SetShowMap(true);
+    catalogue.SetMapFile(folder + '/' + current);
+    catalogue.ScanMaps();
+}
+
+namespace {
 
 // A cache section for a map of 1000 x 1000 pixels over lon0..lon1, lat0..lat1.
 QByteArray cacheSection(int index, const char* bitmap, double lon0, double lon1, double lat0, double lat1) {
@@ -158,12 +154,9 @@ TEST(Catalogue, SelectBestMapPrefersContainingThenScore) {
     };
     for (const auto& c : cases) {
         TestRoot root;
-        writeFile(root.file("cache.ini"), threeMaps());
-        CRecordingHost host;
-        CMapCatalogue catalogue(host);
-        catalogue.SetShowMap(true);
-        catalogue.SetMapFile(root.file("away.jpg"));
-        catalogue.ScanMaps();
+        ScannedCatalogue scanned(root.path(), threeMaps(), "away.jpg");
+        CMapCatalogue& catalogue = scanned.catalogue;
+        CRecordingHost& host = scanned.host;
         host.m_spot = MapViewSpot{c.lon, c.lat, c.mpp};
         catalogue.SelectBestMap();
         EXPECT_EQ(namesOf(catalogue), c.order) << c.legend;
@@ -177,12 +170,9 @@ TEST(Catalogue, SelectBestMapPrefersContainingThenScore) {
 
 TEST(Catalogue, SelectBestMapRescalesZoomAndHonoursAutoLoadNext) {
     TestRoot root;
-    writeFile(root.file("cache.ini"), threeMaps());
-    CRecordingHost host;
-    CMapCatalogue catalogue(host);
-    catalogue.SetShowMap(true);
-    catalogue.SetMapFile(root.file("wide.jpg"));
-    catalogue.ScanMaps();
+    ScannedCatalogue scanned(root.path(), threeMaps(), "wide.jpg");
+    CMapCatalogue& catalogue = scanned.catalogue;
+    CRecordingHost& host = scanned.host;
     const double wideMpp = catalogue.CurrentMap()->MetersPerPixel();
     catalogue.SetZoom(2.0f);
     host.m_spot = MapViewSpot{11.5, 48.5, 15.0};

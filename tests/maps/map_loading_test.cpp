@@ -1,4 +1,4 @@
-#include "maps/CMapCatalogue.h"
+#include "RecordingHost.h"
 #include "settings/CRegistryKey.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -8,19 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-class CRecordingHost : public CMapViewHost {
-public:
-    QString m_strTitle, m_strStatus;
-    int m_nFreeMemoryCalls = 0;
-    MapCalibration* m_pDisplayed = nullptr;
-
-    QSize ScreenSize() const override { return {320, 240}; }
-    void DisplayMap(MapCalibration* map) override { m_pDisplayed = map; }
-    void SetStatusText(const QString& text) override { m_strStatus = text; }
-    void SetTitle(const QString& title) override { m_strTitle = title; }
-    void FreeMemory() override { ++m_nFreeMemoryCalls; }
-};
 
 // A 300 x 200 picture with its calibration over 11..12 E, 48..49 N beside it.
 QString writeCalibratedMap(const TestRoot& root, const QString& name) {
