@@ -141,16 +141,8 @@ TEST(Catalogue, SelectBestMapPrefersContainingThenScore) {
     } cases[] = {
         {"two contain it: the nearer scale wins", 11.5, 48.5, 15, {"detail.jpg", "wide.jpg", "away.jpg"}},
         {"two contain it: 100 km of score per m/px", 11.5, 48.5, 70, {"wide.jpg", "away.jpg", "detail.jpg"}},
-        {"the lower score does not contain it: the containing map moves to the front",
-         11.7,
-         48.5,
-         15,
-         {"wide.jpg", "detail.jpg", "away.jpg"}},
-        {"none contains it: the lowest score all the same",
-         15.0,
-         49.5,
-         15,
-         {"detail.jpg", "away.jpg", "wide.jpg"}},
+        {"the containing map moves to the front", 11.7, 48.5, 15, {"wide.jpg", "detail.jpg", "away.jpg"}},
+        {"none contains it: the lowest score", 15.0, 49.5, 15, {"detail.jpg", "away.jpg", "wide.jpg"}},
     };
     for (const auto& c : cases) {
         TestRoot root;

@@ -73,17 +73,6 @@ TEST(KalFile, PathComesFromTheLastThreeCharactersOfTheMapFile) {
     tooShort.SetPoint(0, Point{0, 100}, 1.0, 2.0);
     EXPECT_FALSE(tooShort.SaveCalibration());
     EXPECT_FALSE(tooShort.LoadCalibration());
-
-    QTemporaryDir dir;
-    MapCalibration map(dir.filePath("map.jpeg"));
-    map.SetMapSize(Size{100, 100});
-    map.SetPoint(0, Point{0, 100}, 1.0, 2.0);
-    map.SetPoint(1, Point{100, 0}, 2.0, 3.0);
-    ASSERT_TRUE(map.SaveCalibration());
-    MapCalibration back(dir.filePath("map.jpeg"));
-    ASSERT_TRUE(QFile::exists(dir.filePath("map.jkal")));
-    EXPECT_TRUE(back.LoadCalibration());
-    EXPECT_EQ(back.GetPointPixel(1), (Point{100, 0}));
 }
 
 TEST(KalFile, TheImageNameComesFromTheKalFolderWhenNoneIsKnown) {
