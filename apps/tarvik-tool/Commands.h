@@ -17,3 +17,5 @@ int runSoundCommand(ToolContext& ctx, QStringList args);
 int runDemoCommand(ToolContext& ctx, QStringList args);
 int runFakeReceiverCommand(ToolContext& ctx, QStringList args);
 int runWatchCommand(ToolContext& ctx, QStringList args);
+int runKalCommand(ToolContext& ctx, QStringList args);
+int runMapCommand(ToolContext& ctx, QStringList args);

@@ -1,0 +1,173 @@
+#include "RecordingHost.h"
+#include "settings/CRegistryKey.h"
+#include "support/TestData.h"
+#include "support/TestRoot.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+namespace {
+
+// A 300 x 200 picture with its calibration over 11..12 E, 48..49 N beside it.
+QString writeCalibratedMap(const TestRoot& root, const QString& name) {
+    const QString path = root.file(name);
+    QImage image(300, 200, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    EXPECT_TRUE(image.save(path));
+    MapCalibration map(path);
+    map.SetMapSize(Size{300, 200});
+    map.SetPoint(0, Point{0, 200}, 11.0, 48.0);
+    map.SetPoint(1, Point{300, 0}, 12.0, 49.0);
+    EXPECT_TRUE(map.SaveCalibration());
+    return path;
+}
+
+QString developerLog(const TestRoot& root) {
+    QFile log(root.file("dev.log"));
+    return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
+}
+
+} // namespace
+
+TEST(MapLoading, ImageNeedsTwiceItsPixelsPlusOneMegabyteFree) {
+    TestRoot root;
+    CRegistryKey().WriteString("Develop", "\\dev.log");
+    const QString picture = writeCalibratedMap(root, "map.png");
+    const QString notImage = testDataDir() + "/maps/kal/current.kal";
+    const QString huge = testDataDir() + "/maps/images/huge-header.png"; // 50000 x 50000, no pixels
+
+    const struct {
+        const char* legend;
+        QString path;
+        Size recorded;
+        int64_t freeBytes;
+        bool loaded;
+        const char* logged; // the budget line's figures, "" when none
+    } cases[] = {
+        {"exactly enough", picture, {300, 200}, (300 * 200 + 524288) * 2, true, ""},
+        {"one byte short", picture, {300, 200}, (300 * 200 + 524288) * 2 - 1, false, "1 MB, dwMapSize: 1 MB"},
+        {"judged on the recorded size before decoding",
+         picture,
+         {2000, 2000},
+         2 << 20,
+         false,
+         "2 MB, dwMapSize: 8 MB"},
+        {"no recorded size needs 1 MB, then the header's size counts",
+         picture,
+         {0, 0},
+         1 << 20,
+         false,
+         "1 MB, dwMapSize: 1 MB"},
+        {"no recorded size, enough for the header's size", picture, {0, 0}, 2 << 20, true, ""},
+        {"a file that is no image", notImage, {10, 10}, int64_t(1) << 32, false, ""},
+        {"a header of 50000 x 50000 pixels",
+         huge,
+         {100, 100},
+         int64_t(1) << 32,
+         false,
+         "4096 MB, dwMapSize: 4769 MB"},
+    };
+    for (const auto& c : cases) {
+        QFile::remove(root.file("dev.log"));
+        CRecordingHost host;
+        CMapCatalogue catalogue(host);
+        catalogue.SetFreeMemorySource([&] { return c.freeBytes; });
+        MapCalibration map(c.path);
+        map.SetMapSize(c.recorded);
+        EXPECT_EQ(catalogue.LoadMapImage(map), c.loaded) << c.legend;
+        EXPECT_EQ(map.HasImage(), c.loaded) << c.legend;
+        if (c.loaded) {
+            EXPECT_EQ(map.MapSize(), (Size{300, 200})) << c.legend;
+            EXPECT_EQ(map.Image().format(), QImage::Format_RGB16) << c.legend;
+        }
+        const QString log = developerLog(root);
+        if (*c.logged) {
+            EXPECT_TRUE(log.contains(
+                QStringLiteral(" Not enough memeory to load %1: dwAvailPhys: %2\n").arg(c.path, c.logged)))
+                << c.legend << ": " << log.toStdString();
+        } else {
+            EXPECT_FALSE(log.contains("memeory")) << c.legend;
+        }
+    }
+}
+
+TEST(MapLoading, LoadCurrentMapShowsTheImageOrABlankScreen) {
+    TestRoot root;
+    const QString picture = writeCalibratedMap(root, "map.png");
+    const struct {
+        const char* legend;
+        bool showMap;
+        QString mapFile;
+        bool removeKal;
+        bool result, uncalibrated;
+        Size size;
+        const char* status;
+        int freeMemoryCalls;
+    } cases[] = {
+        {"an image with its calibration", true, picture, false, true, false, {300, 200}, "", 0},
+        {"an image without calibration", true, picture, true, true, true, {300, 200}, "", 0},
+        {"no image shown: a blank screen", false, picture, false, true, true, {320, 240}, "", 0},
+        {"a missing image: memory freed, tried again",
+         true,
+         root.file("gone.png"),
+         false,
+         false,
+         false,
+         {0, 0},
+         "Error while loading ",
+         1},
+    };
+    for (const auto& c : cases) {
+        if (c.removeKal) QFile::remove(root.file("map.kal"));
+        CRecordingHost host;
+        CMapCatalogue catalogue(host);
+        catalogue.SetShowMap(c.showMap);
+        catalogue.SetMapFile(c.mapFile);
+        EXPECT_EQ(catalogue.LoadCurrentMap(true), c.result) << c.legend;
+        ASSERT_NE(catalogue.CurrentMap(), nullptr) << c.legend;
+        EXPECT_EQ(catalogue.IsUncalibrated(), c.uncalibrated) << c.legend;
+        EXPECT_EQ(catalogue.CurrentMap()->MapSize(), c.size) << c.legend;
+        EXPECT_EQ(host.m_strStatus, *c.status ? c.status + c.mapFile : QString()) << c.legend;
+        EXPECT_EQ(host.m_nFreeMemoryCalls, c.freeMemoryCalls) << c.legend;
+        EXPECT_EQ(host.m_pDisplayed, c.result ? catalogue.CurrentMap() : nullptr) << c.legend;
+        if (c.showMap) {
+            EXPECT_EQ(host.m_strTitle, QFileInfo(c.mapFile).fileName()) << c.legend;
+        }
+    }
+}
+
+TEST(MapLoading, OpenMapRebuildsTheCacheAndRemembersTheMap) {
+    TestRoot root;
+    const QString first = writeCalibratedMap(root, "first.png");
+    const QString second = writeCalibratedMap(root, "second.png");
+    QFile stale(root.file("cache.ini"));
+    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+    stale.write(
+        "[Map_0]\nBitmap = first.png\nSize = SIZE(300,200)\nPixel_0 = POINT(0,200)\nLong_0 = 11\nLat_0 = 48\n"
+        "Pixel_1 = POINT(300,0)\nLong_1 = 12\nLat_1 = 49\n");
+    stale.close();
+
+    CRecordingHost host;
+    CMapCatalogue catalogue(host);
+    catalogue.OpenMap(second);
+    EXPECT_EQ(catalogue.Maps().size(), 2u) << "the stale cache was deleted and rebuilt";
+    ASSERT_NE(catalogue.CurrentMap(), nullptr);
+    EXPECT_EQ(catalogue.CurrentMap()->MapFile(), second);
+    EXPECT_TRUE(catalogue.CurrentMap()->HasImage());
+    EXPECT_FALSE(catalogue.IsUncalibrated());
+    CRegistryKey key;
+    QString loaded;
+    uint32_t showMap = 0;
+    EXPECT_TRUE(key.ReadString("LoadedMap", loaded));
+    EXPECT_EQ(loaded, second);
+    EXPECT_TRUE(key.ReadDword("ShowMap", showMap));
+    EXPECT_EQ(showMap, 1u);
+    EXPECT_EQ(catalogue.MapInfoText(), "second.png: 300*200 247\n");
+
+    CMapCatalogue restarted(host);
+    restarted.ReadSettings();
+    EXPECT_TRUE(restarted.ShowMap());
+    EXPECT_EQ(restarted.MapFile(), second);
+    EXPECT_TRUE(restarted.AutoLoadNext());
+}
