@@ -41,6 +41,23 @@ QToolButton* makeButton(QWidget* parent, const QString& text, const QString& tip
     return button;
 }
 
+// Cross hairs round a dot: the position kept in the middle.
+QIcon followIcon() {
+    QPixmap pixmap(64, 64);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(40, 40, 40), 5));
+    painter.drawEllipse(QPointF(32, 32), 18, 18);
+    for (const QLineF& line :
+         {QLineF(32, 2, 32, 14), QLineF(32, 50, 32, 62), QLineF(2, 32, 14, 32), QLineF(50, 32, 62, 32)})
+        painter.drawLine(line);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(220, 30, 30));
+    painter.drawEllipse(QPointF(32, 32), 7, 7);
+    return QIcon(pixmap);
+}
+
 } // namespace
 
 CMapView::CMapView(const CFendixDoc& doc, int instance, QWidget* parent)
@@ -69,7 +86,8 @@ CMapView::CMapView(const CFendixDoc& doc, int instance, QWidget* parent)
         ZoomAt(centre, factor);
     });
 
-    m_pFollowButton = makeButton(this, QStringLiteral("⌖"), QStringLiteral("Verfolge aktuelle Position"));
+    m_pFollowButton = makeButton(this, QString(), QStringLiteral("Verfolge aktuelle Position"));
+    m_pFollowButton->setIcon(followIcon());
     m_pFollowButton->setCheckable(true);
     connect(m_pFollowButton, &QToolButton::clicked, this, [this](bool on) { SetFollowing(on); });
     m_pZoomIn = makeButton(this, QStringLiteral("+"), QStringLiteral("Vergrößern"));
@@ -391,6 +409,7 @@ void CMapView::PlaceControls() {
         QFont font = button->font();
         font.setPixelSize(side / 2);
         button->setFont(font);
+        button->setIconSize(QSize(side * 2 / 3, side * 2 / 3));
         y += side + 8;
     }
 }
