@@ -157,6 +157,44 @@ TEST(MapView, TitleAndScaleFollowTheAutomaticMapChange) {
     EXPECT_TRUE(loaded.endsWith("region.png"));
 }
 
+TEST(MapView, TheMapCoversTheGroundInEveryView) {
+    const struct {
+        const char* legend;
+        bool perspective, turn;
+    } cases[] = {{"flat", false, false}, {"perspective", true, false}, {"perspective, turned", true, true}};
+    for (const auto& c : cases) {
+        MapPage page({10.02, 47.86});
+        // 13 m a pixel: the map reaches behind the viewer, where a perspective turns over.
+        CMapView& view =
+            page.Open(writeMap(page.root.file("map.png"), {800, 800}, {9.95, 47.75}, {10.09, 47.88}));
+        MapDisplaySettings settings = view.DisplaySettings();
+        settings.m_bShowPerspective = c.perspective, settings.m_bTurnMap = c.turn;
+        view.ChangeDisplaySettings(settings);
+        page.doc.Fix().m_fCourse = 130.0f;
+        page.Settle();
+        QImage frame(view.size(), QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&frame);
+        view.Render(painter);
+        for (const QPoint at : {QPoint(200, 299), QPoint(5, 260), QPoint(395, 190), QPoint(200, 130)}) {
+            const QColor shown = frame.pixelColor(at); // the map's dark green, in 16 bits a pixel
+            EXPECT_TRUE(shown.red() < 8 && std::abs(shown.green() - 128) < 6 && shown.blue() < 8)
+                << c.legend << " at " << at.x() << "," << at.y() << ": " << shown.name().toStdString();
+        }
+    }
+}
+
+TEST(MapView, HiddenPagesLetGoOfTheirImages) {
+    MapPage page({10.02, 47.815});
+    CMapView& view = page.Open(writeMap(page.root.file("map.png"), {300, 300}, {10.0, 47.8}, {10.04, 47.83}));
+    page.Settle();
+    ASSERT_TRUE(view.Catalogue().CurrentMap()->HasImage());
+    view.DropCachedData();
+    EXPECT_FALSE(view.Catalogue().CurrentMap()->HasImage());
+    view.show(); // shown again: loaded again
+    page.Settle();
+    EXPECT_TRUE(view.Catalogue().CurrentMap()->HasImage());
+}
+
 TEST(MapView, BadMapsGiveAStatusText) {
     TestRoot files;
     const QString noImage = files.file("text.kal");

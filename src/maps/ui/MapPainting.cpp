@@ -67,11 +67,9 @@ void DrawGround(QPainter& painter, const MapViewport& viewport) {
 
 void DrawMapImage(QPainter& painter, const MapViewport& viewport, const MapCalibration& map,
                   const QImage& image, const QTransform& imageToMap, bool smooth) {
+    // In perspective the ground beyond the horizon never reaches the screen, and the part of the
+    // picture behind the viewer is left out by the painter's own clipping of projective shapes.
     painter.save();
-    if (viewport.Horizon() > 0) {
-        const double horizon = viewport.Anchor().y() - viewport.Horizon();
-        painter.setClipRect(QRectF(0, horizon + 1, viewport.Size().width(), viewport.Size().height()));
-    }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
     painter.setTransform(imageToMap * viewport.MapToScreen(map));
     painter.drawImage(0, 0, image);
