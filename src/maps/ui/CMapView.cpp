@@ -444,13 +444,17 @@ void CMapView::paintEvent(QPaintEvent*) {
         m_frame = QImage();
         m_frame = QImage(size(), QImage::Format_ARGB32_Premultiplied);
     }
-    m_bOutOfMemory = m_frame.isNull() && !size().isEmpty();
-    if (m_bOutOfMemory) {
+    const bool outOfMemory = m_frame.isNull() && !size().isEmpty();
+    if (outOfMemory) {
         painter.fillRect(rect(), Qt::white);
         MapPainting::DrawStatus(painter, rect(), QStringLiteral("Not enough memory to operate!"));
-        Q_EMIT memoryWanted();
-        return;
+        // Once, and after this paint: freeing memory deletes other pages.
+        if (!m_bOutOfMemory)
+            QMetaObject::invokeMethod(
+                this, [this] { Q_EMIT memoryWanted(); }, Qt::QueuedConnection);
     }
+    m_bOutOfMemory = outOfMemory;
+    if (outOfMemory) return;
     QPainter frame(&m_frame);
     Render(frame);
     frame.end();
