@@ -104,7 +104,7 @@ bool ReadFromFile(QIODevice* file, std::vector<TrackPoint>& points, const GpsFix
     }
     if (lines.readFailed()) {
         const auto* fileDevice = qobject_cast<const QFileDevice*>(file);
-        DevLog("!!!!!!!!!!GetExceptionCode in ReadFromFile: %x",
+        devLog("!!!!!!!!!!GetExceptionCode in ReadFromFile: %x",
                fileDevice ? static_cast<unsigned>(fileDevice->error()) : 1u);
     }
     return true;

@@ -39,14 +39,14 @@ QImage MyLoadBitmap(const QString& path) {
     try {
         image = decode(path, QByteArray());
     } catch (const std::exception& failure) {
-        DevLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
+        devLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
     }
     if (image.isNull()) {
         // The plain device-independent bitmap reader, for a .bmp whose header the sniffing rejects.
         try {
             image = decode(path, QByteArrayLiteral("bmp"));
         } catch (const std::exception& failure) {
-            DevLog("!!!!!!!!!!GetExceptionCode: %x", exceptionCode(failure));
+            devLog("!!!!!!!!!!GetExceptionCode: %x", exceptionCode(failure));
         }
     }
     return image;

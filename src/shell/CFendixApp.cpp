@@ -42,7 +42,7 @@ CFendixApp::~CFendixApp() {
 }
 
 bool CFendixApp::InitInstance(bool bFullScreen) {
-    DevLog("ver: %s", TARVIK_VERSION);
+    devLog("ver: %s", TARVIK_VERSION);
     CRegistryKey key;
     m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
     m_pDoc->LoadSettings();
