@@ -1,14 +1,39 @@
-#include "RecordingSound.h"
 #include "gps/GpsFix.h"
 #include "gps/sound/SoundController.h"
+#include "platform/NoiseMeter.h"
+#include "platform/SoundOutput.h"
 #include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 namespace {
+
+// A sound output that keeps, in order, the file names it was asked to play, and the last volume set.
+class RecordingSound : public SoundOutput {
+public:
+    QStringList played; // file names without folder
+    uint32_t nVolume = 0xFFFFFFFF;
+    void playFile(const QString& hostPath) override { played << QFileInfo(hostPath).fileName(); }
+    void playTones(const QList<Tone>& tones, uint16_t) override {
+        played << QString("tones%1").arg(tones.size());
+    }
+    void setVolume(uint32_t volume) override { nVolume = volume; }
+    uint32_t volume() const override { return nVolume; }
+};
+
+// A noise meter with a level set by the test.
+class FixedNoise : public NoiseMeter {
+public:
+    int nLevel = 0;
+    bool bRunning = false;
+    void start() override { bRunning = true; }
+    void stop() override { bRunning = false; }
+    int level() const override { return bRunning ? nLevel : 0; }
+};
 
 // A controller over a recording output and a silent noise meter, in the settings of `root`.
 struct Sounds {
