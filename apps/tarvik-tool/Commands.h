@@ -17,3 +17,4 @@ int runSoundCommand(ToolContext& ctx, QStringList args);
 int runDemoCommand(ToolContext& ctx, QStringList args);
 int runFakeReceiverCommand(ToolContext& ctx, QStringList args);
 int runWatchCommand(ToolContext& ctx, QStringList args);
+int runPoiCommand(ToolContext& ctx, QStringList args);

@@ -26,6 +26,8 @@ const Noun kNouns[] = {
     {"coord", "write and read coordinates in the position notations", runCoordCommand, "*"},
     {"geo", "great-circle distance, course and destination", runGeoCommand, "*"},
     {"grid", "UTM, MGRS and Falk/MarcoPolo Mercator grid conversions", runGridCommand, "*"},
+    {"poi", "read POI files (.ov2, .asc), find the nearest POIs, convert between formats", runPoiCommand,
+     "read nearest"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
