@@ -2,10 +2,14 @@
 #include "GpsToolSupport.h"
 #include "NumberArgs.h"
 #include "nav/poi/NearestPois.h"
+#include "nav/poi/PoiConversion.h"
 #include "nav/poi/PoiFile.h"
 #include "nav/poi/PoiName.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
 #include <climits>
 #include <memory>
 #include <optional>
@@ -15,6 +19,7 @@ namespace {
 const char* const kUsage =
     "tarvik-tool poi read FILE\n"
     "       tarvik-tool poi nearest FILE... --lon X --lat Y --radius TEXT [--names] [--sort K]\n"
+    "       tarvik-tool poi convert IN OUT\n"
     "read: the points of a POI file (.ov2, else .asc text) as the program lists them, one CSV row each:\n"
     "  lon,lat,name_offset,name (degrees; the byte position of the name in the file, 0 = none; the name\n"
     "  read there). Points the program drops are left out; the rows are sorted by longitude.\n"
@@ -22,7 +27,11 @@ const char* const kUsage =
     "  km,course,name,file,index (course in whole degrees, the file's name, the point's row in 'read').\n"
     "  TEXT as the page offers it: \"25 km\", \"50 km\", \"100 km\", \"200 km\", \"all\". Names only with\n"
     "  --names. K is the page's sort key: 1 km, 2 course, 3 name (first four characters); negative for\n"
-    "  descending; default 1.";
+    "  descending; default 1.\n"
+    "convert: every point of IN with its name into OUT, each in the format of its extension: .ov2\n"
+    "  (type 2 records under skipper records, 1e-5 deg), .asc, .gpx (waypoints), .csv (lon,lat,name).\n"
+    "  Names are written in Windows-1252 when they fit, else UTF-8. Points without a valid position\n"
+    "  are left out. Prints {\"read\", \"written\"}.";
 
 // A POI file of the command line as the program keeps one; false when it cannot be read.
 bool loadFile(const QString& path, PoiFile& file) {
@@ -80,6 +89,30 @@ int nearestCommand(ToolContext& ctx, const QStringList& args) {
     return ToolContext::kOk;
 }
 
+int convertCommand(ToolContext& ctx, const QStringList& args) {
+    const ToolOptions options(args, {});
+    if (!options.ok()) return ctx.usageError(options.error(), kUsage);
+    if (options.positional().size() != 2)
+        return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 2), kUsage);
+    const QString in = options.positional()[0];
+    const QString out = options.positional()[1];
+    for (const QString& path : {in, out})
+        if (!PoiFormatOf(path))
+            return ctx.usageError("no POI format for " + path + " (.ov2, .asc, .gpx or .csv)", kUsage);
+    QFile input(in);
+    if (!input.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + in);
+    QString error;
+    const auto points = ReadNamedPois(input.readAll(), *PoiFormatOf(in), error);
+    if (!points) return ctx.inputError(in + ": " + error);
+    const QByteArray bytes = WriteNamedPois(*points, *PoiFormatOf(out));
+    QSaveFile output(out); // replaced as a whole or not at all
+    if (!output.open(QIODevice::WriteOnly) || output.write(bytes) != bytes.size() || !output.commit())
+        return ctx.inputError("cannot write " + out);
+    const auto written = std::ranges::count_if(*points, IsWritablePoi);
+    ctx.printJson({{"read", QString::number(points->size())}, {"written", QString::number(written)}});
+    return ToolContext::kOk;
+}
+
 int readCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {});
     if (!options.ok()) return ctx.usageError(options.error(), kUsage);
@@ -105,5 +138,6 @@ int runPoiCommand(ToolContext& ctx, QStringList args) {
     const QString verb = args.isEmpty() ? QString() : args.takeFirst();
     if (verb == "read") return readCommand(ctx, args);
     if (verb == "nearest") return nearestCommand(ctx, args);
+    if (verb == "convert") return convertCommand(ctx, args);
     return ctx.usageError(ToolContext::unknownVerbProblem(verb), kUsage);
 }

@@ -81,7 +81,7 @@ TEST(PoiOv2Reader, RecordTypesAndLengths) {
         {"a skipper at the very end", a + header(1, 21), {{8.2611, 47.54497, "Aebi"}}},
     };
     for (const auto& c : cases)
-        expectEntries(ReadOv2(c.bytes, PoiFilter::Kept), c.bytes, c.expected, c.legend);
+        expectEntries(ReadOv2(c.bytes, PoiReading::AsListed), c.bytes, c.expected, c.legend);
 }
 
 TEST(PoiOv2Reader, DamageKeepsWhatCameBefore) {
@@ -103,7 +103,7 @@ TEST(PoiOv2Reader, DamageKeepsWhatCameBefore) {
         {"empty file", QByteArray(), 0},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(ReadOv2(c.bytes, PoiFilter::Kept).size(), c.points) << c.legend;
+        EXPECT_EQ(ReadOv2(c.bytes, PoiReading::AsListed).size(), c.points) << c.legend;
 }
 
 TEST(PoiAscReader, LinesNumbersAndNameOffsets) {
@@ -128,14 +128,14 @@ TEST(PoiAscReader, LinesNumbersAndNameOffsets) {
          {{8.5, 48.1, "A"}, {9.5, 49.1, "9.5,49.1,B"}, {10.5, 50.1, "C"}}},
     };
     for (const auto& c : cases)
-        expectEntries(ReadAsc(c.bytes, PoiFilter::Kept), c.bytes, c.expected, c.legend);
+        expectEntries(ReadAsc(c.bytes, PoiReading::AsListed), c.bytes, c.expected, c.legend);
 }
 
 TEST(PoiAscReader, LongLinesAreReadIn1023BytePieces) {
     // The first 1023 bytes give a point; the rest of the line (1023..1109) is a piece of its own and no
     // point, so it is skipped, and the next name offset is short by it: 1023 + 9 lands among the n's.
     const QByteArray bytes = "8.5,48.1," + QByteArray(1100, 'n') + "\n9.5,49.1,B\n";
-    expectEntries(ReadAsc(bytes, PoiFilter::Kept), bytes,
+    expectEntries(ReadAsc(bytes, PoiReading::AsListed), bytes,
                   {{8.5, 48.1, QByteArray(1023, 'n')}, {9.5, 49.1, QByteArray(77, 'n')}}, "long line");
 }
 
@@ -161,10 +161,10 @@ TEST(PoiFilterRule, BothReadersKeepThePointsTheProgramLists) {
             point(int32_t(std::lround(c.lon * 1e5)), int32_t(std::lround(c.lat * 1e5)), "P");
         const QByteArray asc =
             QByteArray::number(c.lon, 'f', 5) + ',' + QByteArray::number(c.lat, 'f', 5) + ",P\n";
-        EXPECT_EQ(ReadOv2(ov2, PoiFilter::Kept).size(), c.kept ? 1u : 0u) << "ov2: " << c.legend;
-        EXPECT_EQ(ReadAsc(asc, PoiFilter::Kept).size(), c.kept ? 1u : 0u) << "asc: " << c.legend;
-        EXPECT_EQ(ReadOv2(ov2, PoiFilter::All).size(), 1u) << "ov2, all: " << c.legend;
-        EXPECT_EQ(ReadAsc(asc, PoiFilter::All).size(), 1u) << "asc, all: " << c.legend;
+        EXPECT_EQ(ReadOv2(ov2, PoiReading::AsListed).size(), c.kept ? 1u : 0u) << "ov2: " << c.legend;
+        EXPECT_EQ(ReadAsc(asc, PoiReading::AsListed).size(), c.kept ? 1u : 0u) << "asc: " << c.legend;
+        EXPECT_EQ(ReadOv2(ov2, PoiReading::Complete).size(), 1u) << "ov2, all: " << c.legend;
+        EXPECT_EQ(ReadAsc(asc, PoiReading::Complete).size(), 1u) << "asc, all: " << c.legend;
     }
 }
 

@@ -59,7 +59,7 @@ TEST(PoiSharedData, ReadsThePointsGpsbabelReads) {
     for (const auto& c : cases) {
         const QString path = *shared + '/' + c.file;
         const QByteArray bytes = fileBytes(path);
-        const std::vector<PoiEntry> ours = ReadPoiEntries(bytes, path, PoiFilter::All);
+        const std::vector<PoiEntry> ours = ReadPoiEntries(bytes, path, PoiReading::Complete);
         const std::vector<OraclePoint> theirs = gpsbabelReading(c.format, path);
         ASSERT_EQ(ours.size(), theirs.size()) << c.file;
         ASSERT_FALSE(ours.empty()) << c.file;
@@ -94,7 +94,7 @@ TEST(PoiSharedData, ListsThePointsTheProgramKeeps) {
     for (const auto& c : cases) {
         const QString path = *shared + '/' + c.file;
         PoiFile file{c.file, *shared, {}, true, {}};
-        EXPECT_EQ(ReadPoiEntries(fileBytes(path), path, PoiFilter::All).size(), c.inFile) << c.file;
+        EXPECT_EQ(ReadPoiEntries(fileBytes(path), path, PoiReading::Complete).size(), c.inFile) << c.file;
         ASSERT_EQ(LoadPoiFile(file), int(c.listed)) << c.file;
         EXPECT_TRUE(std::ranges::is_sorted(file.m_entries, {}, &PoiEntry::m_dLon)) << c.file;
         EXPECT_NEAR(file.m_entries[0].m_dLon, c.firstLon, 1e-9) << c.file;
@@ -105,6 +105,6 @@ TEST(PoiSharedData, ListsThePointsTheProgramKeeps) {
     }
     // The first point follows four skipped header lines: its name offset, 21, points into the first one.
     const QByteArray asc = fileBytes(*shared + "/asc/gpsbabel-tomtom_poi.asc");
-    EXPECT_EQ(PoiNameAt(asc, ReadPoiEntries(asc, "x.asc", PoiFilter::All).at(0).m_nNameOffset),
+    EXPECT_EQ(PoiNameAt(asc, ReadPoiEntries(asc, "x.asc", PoiReading::AsListed).at(0).m_nNameOffset),
               "ces of Interest");
 }

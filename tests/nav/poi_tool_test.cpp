@@ -78,8 +78,13 @@ TEST(PoiTool, BadInputAndUsage) {
         {{"nearest", ov2, dir.filePath("gone.asc"), "--lon", "1", "--lat", "2", "--radius", "all"},
          1,
          "gone.asc"},
+        {{"convert", ov2, dir.filePath("p.kml")}, 2, "p.kml"},
+        {{"convert", ov2}, 2, "missing"},
+        {{"convert", dir.filePath("bad.gpx"), dir.filePath("out.ov2")}, 1, "line 2"},
+        {{"convert", dir.filePath("gone.csv"), dir.filePath("out.ov2")}, 1, "gone.csv"},
         {{"locate"}, 2, "locate"},
     };
+    writeFile(dir, "bad.gpx", "<gpx>\n<wpt lat=\"48\"/>\n</gpx>\n");
     for (const auto& c : cases) {
         const ToolResult result = runTool(QStringList{"--root", dir.path(), "poi"} + c.args);
         EXPECT_EQ(result.exitCode, c.exitCode) << c.args.join(' ').toStdString();
@@ -87,4 +92,18 @@ TEST(PoiTool, BadInputAndUsage) {
             << c.args.join(' ').toStdString() << ": " << result.err.toStdString();
         EXPECT_TRUE(result.out.isEmpty()) << c.args.join(' ').toStdString();
     }
+    EXPECT_FALSE(QFile::exists(dir.filePath("out.ov2"))) << "nothing is half-written";
+}
+
+TEST(PoiTool, ConvertWritesEveryPoint) {
+    QTemporaryDir dir;
+    // 20 S 60 W is not listed by the program, yet converted; the comment does not move a name here.
+    const QString asc = writeFile(dir, "a.asc", ";x\n-60,-20,\"Süd\"\n11.5,48.125,\"M\xFCnchen\"\n");
+    const ToolResult convert = runTool({"--root", dir.path(), "poi", "convert", asc, dir.filePath("b.csv")});
+    EXPECT_EQ(convert.exitCode, 0) << convert.err.toStdString();
+    EXPECT_EQ(convert.out, "{\"read\":2,\"written\":2}\n");
+    QFile csv(dir.filePath("b.csv"));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+    EXPECT_EQ(csv.readAll(), "lon,lat,name\n-60,-20,S\xC3\xBC"
+                             "d\n11.5,48.125,M\xC3\xBCnchen\n");
 }

@@ -58,13 +58,14 @@ std::optional<double> readNumber(QByteArrayView text, qsizetype& i) {
 
 } // namespace
 
-std::vector<PoiEntry> ReadAsc(QByteArrayView bytes, PoiFilter filter) {
+std::vector<PoiEntry> ReadAsc(QByteArrayView bytes, PoiReading reading) {
     std::vector<PoiEntry> entries;
     entries.reserve(1000);
     qsizetype lastEntryEnd = 0;
     for (qsizetype pos = 0; pos < bytes.size();) {
         QByteArrayView line = bytes.sliced(pos, std::min(kLineBuffer, bytes.size() - pos));
         if (const qsizetype newline = line.indexOf('\n'); newline >= 0) line.truncate(newline + 1);
+        const qsizetype lineStart = pos;
         const qsizetype lineEnd = pos + line.size();
         pos = lineEnd;
         if (const qsizetype nul = line.indexOf('\0'); nul >= 0) line.truncate(nul);
@@ -80,9 +81,9 @@ std::vector<PoiEntry> ReadAsc(QByteArrayView bytes, PoiFilter filter) {
         if (!lat) continue;
         if (i < line.size()) ++i; // the comma, or whatever stands there
         i = skipBlanks(line, i);
-        const qsizetype nameOffset = lastEntryEnd + i;
+        const qsizetype nameOffset = (reading == PoiReading::Complete ? lineStart : lastEntryEnd) + i;
         lastEntryEnd = lineEnd;
-        if (filter == PoiFilter::Kept && !IsKeptPoi(*lon, *lat)) continue;
+        if (reading == PoiReading::AsListed && !IsKeptPoi(*lon, *lat)) continue;
         const bool representable = nameOffset <= std::numeric_limits<uint32_t>::max();
         entries.push_back({*lon, *lat, representable ? static_cast<uint32_t>(nameOffset) : 0u});
     }

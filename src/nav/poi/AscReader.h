@@ -13,6 +13,7 @@
 // blanks, the latitude, one more character (the comma) and blanks: the name starts there, quotes and
 // all. The name offset is the file position after the last line that gave a point, plus the name's
 // column: lines skipped since then are not counted, so the name of the first point after a comment
-// points into the wrong place. The handheld read it so, and this reader keeps it. A number beyond the
+// points into the wrong place. The handheld read it so, and this reader keeps it when reading as listed;
+// read completely, each name offset is that of its own line. A number beyond the
 // range of a double makes its line unreadable.
-std::vector<PoiEntry> ReadAsc(QByteArrayView bytes, PoiFilter filter);
+std::vector<PoiEntry> ReadAsc(QByteArrayView bytes, PoiReading reading);

@@ -18,7 +18,7 @@ int32_t int32At(QByteArrayView bytes, qsizetype pos) {
 
 } // namespace
 
-std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiFilter filter) {
+std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiReading reading) {
     std::vector<PoiEntry> entries;
     entries.reserve(1000);
     const qsizetype size = bytes.size();
@@ -37,10 +37,12 @@ std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiFilter filter) {
             const double lon = int32At(bytes, pos) * 1e-5;
             const double lat = int32At(bytes, pos + 4) * 1e-5;
             pos = start + length;
-            // A record of coordinates alone (13 bytes) has no name, and nor has one of 1023 bytes or more.
-            const bool named = length > kPointSize && length < kNamedBelow &&
+            // A record of coordinates alone (13 bytes) has no name, and as listed nor has one of 1023 or
+            // more.
+            const bool named = length > kPointSize &&
+                               (length < kNamedBelow || reading == PoiReading::Complete) &&
                                start + kPointSize <= std::numeric_limits<uint32_t>::max();
-            if (filter == PoiFilter::All || IsKeptPoi(lon, lat))
+            if (reading == PoiReading::Complete || IsKeptPoi(lon, lat))
                 entries.push_back({lon, lat, named ? static_cast<uint32_t>(start + kPointSize) : 0u});
         }
     }

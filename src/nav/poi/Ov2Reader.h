@@ -13,7 +13,8 @@
 //          is not used, so the records of the block are read one by one;
 //   2, 3   a point: longitude and latitude (signed 32-bit, 1e-5 deg), then the zero-terminated name;
 //   above  ignored: the next header follows right after this one.
-// A point's name offset is the record's start + 13 when 13 < length < 1023, else 0 (no name).
+// A point's name offset is the record's start + 13 when 13 < length < 1023, else 0 (no name); read
+// completely, longer records keep their names too.
 // Damage ends the file: a point record shorter than its coordinates, or longer than the bytes left,
 // gives nothing, and the points before it are kept. Never allocates by a length field.
-std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiFilter filter);
+std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiReading reading);

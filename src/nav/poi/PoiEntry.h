@@ -12,9 +12,10 @@ struct PoiEntry {
     bool operator==(const PoiEntry&) const = default;
 };
 
-// Which points a reader hands out: those the program lists (IsKeptPoi), or every point of the file
-// (conversion between formats must not lose any).
-enum class PoiFilter : uint8_t { Kept, All };
+// How a reader reads a file: as the program lists it (only the points IsKeptPoi keeps, name offsets
+// with the handheld's quirks), or completely, every point with the position of its own name (conversion
+// between formats must lose nothing).
+enum class PoiReading : uint8_t { AsListed, Complete };
 
 // The program lists a point only when this holds. The last test drops the points near 0/0, and with them
 // every point both west of 0.1 deg E and south of 0.1 deg N (most of South America); kept so on purpose.

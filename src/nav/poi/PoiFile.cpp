@@ -12,9 +12,9 @@ QString PoiFile::path() const {
     return QDir(m_strFolder).filePath(m_strName);
 }
 
-std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiFilter filter) {
-    if (fileName.endsWith(QLatin1String(".ov2"), Qt::CaseInsensitive)) return ReadOv2(bytes, filter);
-    return ReadAsc(bytes, filter);
+std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiReading reading) {
+    if (fileName.endsWith(QLatin1String(".ov2"), Qt::CaseInsensitive)) return ReadOv2(bytes, reading);
+    return ReadAsc(bytes, reading);
 }
 
 int LoadPoiFile(PoiFile& file) {
@@ -25,7 +25,7 @@ int LoadPoiFile(PoiFile& file) {
         return 0;
     }
     const QByteArray bytes = in.readAll();
-    file.m_entries = ReadPoiEntries(bytes, file.m_strName, PoiFilter::Kept);
+    file.m_entries = ReadPoiEntries(bytes, file.m_strName, PoiReading::AsListed);
     SortByLongitude(file.m_entries);
     file.m_entries.shrink_to_fit();
     return static_cast<int>(file.m_entries.size());

@@ -24,7 +24,7 @@ struct PoiFile {
 int LoadPoiFile(PoiFile& file);
 
 // The points of a file's bytes as LoadPoiFile keeps them, by the file name's extension.
-std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiFilter filter);
+std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiReading reading);
 
 // The icon: the .bmp of the same base name in the same folder, else that name with every '_' made a
 // blank; stretched to `poiSize` by `poiSize` pixels when poiSize is not 0 and not its height.

@@ -26,6 +26,11 @@ QString PoiNameText(const QByteArray& name) {
     return decodeText(name);
 }
 
+QByteArray PoiNameBytes(const QString& text) {
+    if (auto bytes = encodeCp1252(text)) return *std::move(bytes);
+    return text.toUtf8();
+}
+
 PoiNameReader::PoiNameReader(const QString& path) : m_file(path) {
     // Unbuffered: every name is one read at its own place, and a buffer would be refilled for each.
     m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
