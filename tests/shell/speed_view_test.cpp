@@ -1,9 +1,9 @@
-#include "TestApplication.h"
 #include "gps/CFendixDoc.h"
 #include "gps/sources/SourceTable.h"
 #include "gps/ui/CSpeedView.h"
 #include "platform/DeviceClock.h"
 #include "shell/ui/FittedLabel.h"
+#include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>

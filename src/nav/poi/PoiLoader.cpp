@@ -9,6 +9,7 @@ PoiLoader::~PoiLoader() {
 void PoiLoader::start(int delayMs) {
     stop();
     m_bLoading.store(true, std::memory_order_release);
+    Q_EMIT started();
     m_thread = std::jthread([this, delayMs](std::stop_token stop) {
         const int total = m_pois.LoadAllPois(
             stop, [this](int runningTotal) { Q_EMIT progress(runningTotal); }, delayMs);

@@ -25,6 +25,7 @@ public:
     const PoiCollection& pois() const { return m_pois; }
 
 Q_SIGNALS:
+    void started();                  // lists made from the points before are stale from now on
     void progress(int runningTotal); // after each file
     void loaded(int total);          // at the end of a load that was not stopped
 
