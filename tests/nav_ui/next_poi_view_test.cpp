@@ -170,3 +170,25 @@ TEST(NextPoiView, TappedRowOffersItsPoiAsTarget) {
     EXPECT_EQ(chosen[0][2].toString(), "\"Bahnhof A\"")
         << "read for the target, though the list has no names";
 }
+
+TEST(NextPoiView, ShownWithoutAListMakesOneOnceThePositionIsKnown) {
+    ensureApplication();
+    TestRoot root;
+    addPoiFile(root.path(), "p.asc", kPois, true);
+    PoiLoader loader;
+    std::optional<GeoPosition> gps;
+    CNextPoiView view(
+        loader, [&gps] { return gps; }, [] { return std::optional<GeoPosition>(); });
+    view.show();
+    loadNow(loader);
+    EXPECT_TRUE(view.Hits().empty());
+    EXPECT_FALSE(view.findChild<QMessageBox*>()) << "no refusal without a tap";
+    gps = kMunich;
+    view.OnUpdate(0);
+    EXPECT_EQ(view.Hits().size(), 5u);
+    gps = GeoPosition{49.5, 11.5};
+    view.OnUpdate(0);
+    EXPECT_EQ(view.Hits().size(), 5u) << "a list once made changes only on request";
+    loadNow(loader);
+    EXPECT_EQ(view.Hits().size(), 1u) << "after a new load the page makes its list again (Nuremberg)";
+}

@@ -43,7 +43,9 @@ CNextPoiView::CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, Po
     // but cannot be chosen.
     if (auto* items = qobject_cast<QStandardItemModel*>(m_pReference->model()))
         items->item(MapCentre)->setEnabled(false);
-    auto* search = new QPushButton(QStringLiteral("Suchen"), this);
+    auto* search = new QPushButton(QString::fromUtf8("↻"), this); // leaves the choices room on a small screen
+    search->setToolTip(QStringLiteral("Suchen"));
+    search->setMinimumWidth(48);
     for (QWidget* control : {static_cast<QWidget*>(m_pRadius), static_cast<QWidget*>(m_pReference),
                              static_cast<QWidget*>(search)})
         control->setMinimumHeight(44);
@@ -63,6 +65,8 @@ CNextPoiView::CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, Po
     m_pTable->horizontalHeader()->setSectionResizeMode(PoiHitModel::Distance, QHeaderView::ResizeToContents);
     m_pTable->horizontalHeader()->setSectionResizeMode(PoiHitModel::Course, QHeaderView::ResizeToContents);
     m_pTable->horizontalHeader()->setStretchLastSection(true);
+    m_pTable->horizontalHeader()->setMinimumSectionSize(24);
+    m_pTable->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // long names are cut, not scrolled
     m_pTable->setWordWrap(false);
     QFont listFont = m_pTable->font();
     listFont.setPointSizeF(listFont.pointSizeF() * 1.25);
@@ -78,13 +82,16 @@ CNextPoiView::CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, Po
     connect(&m_pois, &PoiLoader::started, this, [this] {
         m_pModel->setHits({});
         m_pCount->clear();
+        m_bListMade = false;
     });
+    connect(&m_pois, &PoiLoader::loaded, this, &CNextPoiView::SearchWhenPossible);
 
     auto* choices = new QHBoxLayout;
     choices->addWidget(m_pRadius, 2);
     choices->addWidget(m_pReference, 3);
-    choices->addWidget(search, 2);
+    choices->addWidget(search);
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
     layout->addLayout(choices);
     layout->addWidget(m_pCount);
     layout->addWidget(m_pTable, 1);
@@ -117,6 +124,7 @@ bool CNextPoiView::Search(bool bWithNames) {
                                                reference->m_dPosLat, m_pRadius->currentText(), bWithNames);
     SortPoiHits(hits, m_nSortKey);
     m_bNamesLoaded = bWithNames;
+    m_bListMade = true;
     m_pCount->setText(QStringLiteral("%1 POIs").arg(hits.size()));
     m_pModel->setHits(std::move(hits));
     QApplication::restoreOverrideCursor();
@@ -159,8 +167,15 @@ void CNextPoiView::ChooseRow(int row) {
     Q_EMIT targetChosen(entry.m_dLon, entry.m_dLat, PoiNameText(name));
 }
 
+void CNextPoiView::OnUpdate(uint16_t) {
+    if (!m_bListMade) SearchWhenPossible();
+}
+
+void CNextPoiView::SearchWhenPossible() {
+    if (isVisible() && Reference() && !m_pois.isLoading()) Search(m_bNamesLoaded);
+}
+
 void CNextPoiView::showEvent(QShowEvent* event) {
     CPageView::showEvent(event);
-    // Shown without a question: while the POIs load or nothing is known, the list waits for a tap.
-    if (Reference() && !m_pois.isLoading()) Search(m_bNamesLoaded);
+    SearchWhenPossible(); // a fresh list each time the page comes up
 }

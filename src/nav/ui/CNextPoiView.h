@@ -30,7 +30,9 @@ public:
     CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, PositionSource goToTarget,
                  QWidget* parent = nullptr);
 
-    void OnUpdate(uint16_t) override {} // the list is made on request, not on every fix
+    // The list is made on request, not on every fix; only a page still without a list makes it as soon
+    // as the reference is known.
+    void OnUpdate(uint16_t hint) override;
     // Runs the query for the chosen radius and reference; false (with the refusal shown) while the
     // reference is unknown or the POIs load.
     bool Search(bool bWithNames);
@@ -51,6 +53,7 @@ private:
     std::optional<GeoPosition> Reference() const;
     void ApplySort();
     void ChooseRow(int row);
+    void SearchWhenPossible(); // without the refusal
 
     const PoiLoader& m_pois;
     PositionSource m_gpsPosition;
@@ -62,4 +65,5 @@ private:
     PoiHitModel* m_pModel;
     int m_nSortKey = 1;
     bool m_bNamesLoaded = false;
+    bool m_bListMade = false;
 };

@@ -33,11 +33,15 @@ CPOIView::CPOIView(PoiLoader& loader, std::function<void()> showNearest, QWidget
     m_pFiles = new QListWidget(this);
     m_pFiles->setIconSize(QSize(kIconEdge, kIconEdge));
     m_pFiles->setUniformItemSizes(true);
-    m_pFiles->setStyleSheet(QStringLiteral("QListView::indicator { width: 26px; height: 26px; }"));
+    m_pFiles->setStyleSheet(QStringLiteral("QListView::indicator { width: 22px; height: 22px; }"));
     QFont listFont = m_pFiles->font();
     listFont.setPointSizeF(listFont.pointSizeF() * 1.25);
     m_pFiles->setFont(listFont);
     m_pStatus = new QLabel(this);
+    QFont statusFont = m_pStatus->font();
+    statusFont.setPointSizeF(statusFont.pointSizeF() * 1.15);
+    statusFont.setBold(true);
+    m_pStatus->setFont(statusFont);
     auto* nearest = new QPushButton(QStringLiteral("Nächste POIs"), this);
     nearest->setMinimumHeight(kRowHeight + 4);
 
@@ -55,6 +59,7 @@ CPOIView::CPOIView(PoiLoader& loader, std::function<void()> showNearest, QWidget
     connect(&m_loader, &PoiLoader::started, m_pStatus, [this] { m_pStatus->setText(loadingText(0)); });
 
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_pFolder);
     layout->addWidget(m_pFiles, 1);
     layout->addWidget(m_pStatus);
