@@ -55,14 +55,21 @@ QString answer(CNextPoiView& view, QMessageBox::StandardButton button) {
     return text;
 }
 
+// The POIs above, loaded.
+class NextPoiView : public testing::Test {
+protected:
+    void SetUp() override {
+        ensureApplication();
+        addPoiFile(root.path(), "p.asc", kPois, true);
+        loadNow(loader);
+    }
+    TestRoot root;
+    PoiLoader loader;
+};
+
 } // namespace
 
-TEST(NextPoiView, ListsSortsAndAsksBeforeReadingNames) {
-    ensureApplication();
-    TestRoot root;
-    addPoiFile(root.path(), "p.asc", kPois, true);
-    PoiLoader loader;
-    loadNow(loader);
+TEST_F(NextPoiView, ListsSortsAndAsksBeforeReadingNames) {
     CNextPoiView view(
         loader, [] { return kMunich; }, [] { return std::optional<GeoPosition>(); });
     view.resize(240, 320);
@@ -111,12 +118,7 @@ TEST(NextPoiView, ListsSortsAndAsksBeforeReadingNames) {
     EXPECT_EQ(view.Hits().size(), 6u) << "Nürnberg, 155 km";
 }
 
-TEST(NextPoiView, RefusesWhileThePositionIsUnknownOrPoisLoad) {
-    ensureApplication();
-    TestRoot root;
-    addPoiFile(root.path(), "p.asc", kPois, true);
-    PoiLoader loader;
-    loadNow(loader);
+TEST_F(NextPoiView, RefusesWhileThePositionIsUnknownOrPoisLoad) {
     std::optional<GeoPosition> gps;
     CNextPoiView view(
         loader, [&gps] { return gps; }, [] { return std::optional<GeoPosition>(); });
@@ -149,12 +151,7 @@ TEST(NextPoiView, RefusesWhileThePositionIsUnknownOrPoisLoad) {
     EXPECT_EQ(page.radius->itemText(4), "all");
 }
 
-TEST(NextPoiView, TappedRowOffersItsPoiAsTarget) {
-    ensureApplication();
-    TestRoot root;
-    addPoiFile(root.path(), "p.asc", kPois, true);
-    PoiLoader loader;
-    loadNow(loader);
+TEST_F(NextPoiView, TappedRowOffersItsPoiAsTarget) {
     CNextPoiView view(
         loader, [] { return kMunich; }, [] { return std::optional<GeoPosition>(); });
     view.resize(800, 480);
@@ -171,16 +168,11 @@ TEST(NextPoiView, TappedRowOffersItsPoiAsTarget) {
         << "read for the target, though the list has no names";
 }
 
-TEST(NextPoiView, ShownWithoutAListMakesOneOnceThePositionIsKnown) {
-    ensureApplication();
-    TestRoot root;
-    addPoiFile(root.path(), "p.asc", kPois, true);
-    PoiLoader loader;
+TEST_F(NextPoiView, ShownWithoutAListMakesOneOnceThePositionIsKnown) {
     std::optional<GeoPosition> gps;
     CNextPoiView view(
         loader, [&gps] { return gps; }, [] { return std::optional<GeoPosition>(); });
     view.show();
-    loadNow(loader);
     EXPECT_TRUE(view.Hits().empty());
     EXPECT_FALSE(view.findChild<QMessageBox*>()) << "no refusal without a tap";
     gps = kMunich;
