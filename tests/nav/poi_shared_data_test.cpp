@@ -1,10 +1,9 @@
+#include "GpsbabelOracle.h"
 #include "nav/poi/PoiFile.h"
 #include "nav/poi/PoiName.h"
 #include "support/TestData.h"
 
 #include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
@@ -15,24 +14,6 @@ namespace {
 QByteArray fileBytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-struct OraclePoint {
-    double lat, lon;
-    QString name;
-};
-
-// GPSBabel's reading of a file as unicsv rows "No,Latitude,Longitude,Name" (6 decimals).
-std::vector<OraclePoint> gpsbabelReading(const QString& format, const QString& path) {
-    QProcess babel;
-    babel.start("gpsbabel", {"-i", format, "-f", path, "-o", "unicsv", "-F", "-"});
-    babel.waitForFinished();
-    std::vector<OraclePoint> points;
-    const QRegularExpression row(R"re(^\d+,(-?[\d.]+),(-?[\d.]+),"?(.*?)"?$)re");
-    for (const QString& line : QString::fromUtf8(babel.readAllStandardOutput()).split('\n'))
-        if (const auto match = row.match(line.trimmed()); match.hasMatch())
-            points.push_back({match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3)});
-    return points;
 }
 
 } // namespace
@@ -60,14 +41,14 @@ TEST(PoiSharedData, ReadsThePointsGpsbabelReads) {
         const QString path = *shared + '/' + c.file;
         const QByteArray bytes = fileBytes(path);
         const std::vector<PoiEntry> ours = ReadPoiEntries(bytes, path, PoiReading::Complete);
-        const std::vector<OraclePoint> theirs = gpsbabelReading(c.format, path);
+        const NamedPois theirs = gpsbabelPoints(c.format, path);
         ASSERT_EQ(ours.size(), theirs.size()) << c.file;
         ASSERT_FALSE(ours.empty()) << c.file;
         for (size_t i = 0; i < ours.size(); ++i) {
-            EXPECT_NEAR(ours[i].m_dLon, theirs[i].lon, 5e-7) << c.file << " #" << i;
-            EXPECT_NEAR(ours[i].m_dLat, theirs[i].lat, 5e-7) << c.file << " #" << i;
+            EXPECT_NEAR(ours[i].m_dLon, theirs[i].m_dLon, 5e-7) << c.file << " #" << i;
+            EXPECT_NEAR(ours[i].m_dLat, theirs[i].m_dLat, 5e-7) << c.file << " #" << i;
             if (c.names) {
-                EXPECT_EQ(PoiNameText(PoiNameAt(bytes, ours[i].m_nNameOffset)), theirs[i].name)
+                EXPECT_EQ(PoiNameText(PoiNameAt(bytes, ours[i].m_nNameOffset)), theirs[i].m_strName)
                     << c.file << " #" << i;
             }
         }
