@@ -1,8 +1,8 @@
-#include "TestApplication.h"
 #include "settings/CRegistryKey.h"
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/ui/CPageView.h"
+#include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include <QFile>

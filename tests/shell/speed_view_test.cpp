@@ -1,10 +1,10 @@
-#include "TestApplication.h"
 #include "gps/CFendixDoc.h"
 #include "gps/sources/SourceTable.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "platform/DeviceClock.h"
 #include "shell/ui/FittedLabel.h"
+#include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include "settings/CRegistryKey.h"
