@@ -120,11 +120,15 @@ int readCommand(ToolContext& ctx, const QStringList& args) {
         return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     PoiFile file;
     if (!loadFile(options.positional().first(), file)) return ctx.inputError("cannot read " + file.path());
-    PoiNameReader names(file.path());
+    std::vector<uint32_t> offsets;
+    for (const PoiEntry& entry : file.m_entries)
+        offsets.push_back(entry.m_nNameOffset);
+    const std::vector<QByteArray> names = ReadPoiNames(file.path(), offsets);
     CsvBlockWriter csv(ctx);
     csv.text("lon,lat,name_offset,name").endRow();
-    for (const PoiEntry& entry : file.m_entries) {
-        const QString name = PoiNameText(names.read(entry.m_nNameOffset));
+    for (size_t i = 0; i < file.m_entries.size(); ++i) {
+        const PoiEntry& entry = file.m_entries[i];
+        const QString name = PoiNameText(names[i]);
         csv.number(entry.m_dLon).number(entry.m_dLat).integer(entry.m_nNameOffset);
         csv.text(ToolContext::csvField(name).toStdString()).endRow();
     }

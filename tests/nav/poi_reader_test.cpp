@@ -4,6 +4,8 @@
 #include "nav/poi/PoiSort.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -187,4 +189,26 @@ TEST(PoiSort, OrdersByLongitudeWhateverTheSize) {
         std::ranges::sort(sorted, byIndex);
         EXPECT_EQ(sorted, entries) << size << ": the same points";
     }
+}
+
+// Names read from the file in one pass equal the names read from its bytes, whatever the order asked.
+TEST(PoiNames, ReadFromTheFileInOnePass) {
+    QByteArray bytes = "x";
+    std::vector<uint32_t> offsets = {0, 1u << 30}; // no name; past the end
+    for (int i = 0; i < 3000; ++i) {
+        offsets.push_back(uint32_t(bytes.size()));
+        bytes += "Name " + QByteArray(i % 37, 'a') + QByteArray::number(i) + (i % 2 ? '\0' : '\n');
+    }
+    offsets.push_back(uint32_t(bytes.size() - 3)); // a name cut by the end of the file
+    std::shuffle(offsets.begin() + 2, offsets.end(), std::mt19937(1));
+    QTemporaryDir dir;
+    QFile out(dir.filePath("names.ov2"));
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(bytes);
+    out.close();
+    const std::vector<QByteArray> names = ReadPoiNames(out.fileName(), offsets);
+    ASSERT_EQ(names.size(), offsets.size());
+    for (size_t i = 0; i < offsets.size(); ++i)
+        EXPECT_EQ(names[i], PoiNameAt(bytes, offsets[i])) << offsets[i];
+    EXPECT_TRUE(ReadPoiNames(dir.filePath("missing.ov2"), {5}).front().isEmpty());
 }

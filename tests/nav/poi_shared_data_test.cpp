@@ -80,8 +80,7 @@ TEST(PoiSharedData, ListsThePointsTheProgramKeeps) {
         EXPECT_TRUE(std::ranges::is_sorted(file.m_entries, {}, &PoiEntry::m_dLon)) << c.file;
         EXPECT_NEAR(file.m_entries[0].m_dLon, c.firstLon, 1e-9) << c.file;
         EXPECT_NEAR(file.m_entries[0].m_dLat, c.firstLat, 1e-9) << c.file;
-        EXPECT_EQ(PoiNameText(PoiNameReader(path).read(file.m_entries[0].m_nNameOffset)),
-                  QString::fromUtf8(c.firstName))
+        EXPECT_EQ(PoiNameText(ReadPoiName(file, file.m_entries[0])), QString::fromUtf8(c.firstName))
             << c.file;
     }
     // The first point follows four skipped header lines: its name offset, 21, points into the first one.

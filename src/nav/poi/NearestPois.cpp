@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -59,6 +60,10 @@ std::vector<PoiHit> FindNearestPois(const std::vector<const PoiFile*>& files, do
         return hits;
     const double highestLon = std::min(lonBound, latBound);
     if (lowestLon > highestLon) return hits;
+    // The box has no northern side, but a point further north than dLat (the radius plus 10 %, at least
+    // 100 m beyond any rounding of the distance) is further away than the radius whatever its longitude:
+    // skipping it before the distance changes no result and saves most distances of a large file.
+    const double beyondRadius = r > 0 ? latBound : std::numeric_limits<double>::infinity();
     for (const PoiFile* file : files) {
         const std::vector<PoiEntry>& entries = file->m_entries;
         const auto first = std::ranges::lower_bound(entries, lowestLon, {}, &PoiEntry::m_dLon);
@@ -66,10 +71,11 @@ std::vector<PoiHit> FindNearestPois(const std::vector<const PoiFile*>& files, do
                                            [](double lon, const PoiEntry& e) { return lon < e.m_dLon; });
         const size_t firstHit = hits.size();
         for (auto entry = first; entry != last; ++entry) {
-            if (entry->m_dLat < lowestLat) continue;
-            float course = 0.0f;
-            const double distance = GeoDistance(lon0, lat0, entry->m_dLon, entry->m_dLat, &course);
+            if (entry->m_dLat < lowestLat || entry->m_dLat > beyondRadius) continue;
+            const double distance = GeoDistance(lon0, lat0, entry->m_dLon, entry->m_dLat);
             if (!(distance <= r)) continue;
+            float course = 0.0f; // the same call with the course: the same distance, the course only for hits
+            GeoDistance(lon0, lat0, entry->m_dLon, entry->m_dLat, &course);
             const double degrees = course * RadToDeg;
             hits.push_back({file,
                             static_cast<int>(entry - entries.begin()),
@@ -78,9 +84,12 @@ std::vector<PoiHit> FindNearestPois(const std::vector<const PoiFile*>& files, do
                             {}});
         }
         if (withNames && hits.size() > firstHit) {
-            PoiNameReader names(file->path());
+            std::vector<uint32_t> offsets;
             for (size_t i = firstHit; i < hits.size(); ++i)
-                hits[i].m_name = names.read(entries[hits[i].m_nIndex].m_nNameOffset);
+                offsets.push_back(entries[size_t(hits[i].m_nIndex)].m_nNameOffset);
+            std::vector<QByteArray> names = ReadPoiNames(file->path(), offsets);
+            for (size_t i = firstHit; i < hits.size(); ++i)
+                hits[i].m_name = std::move(names[i - firstHit]);
         }
     }
     return hits;

@@ -20,8 +20,8 @@ int32_t int32At(QByteArrayView bytes, qsizetype pos) {
 
 std::vector<PoiEntry> ReadOv2(QByteArrayView bytes, PoiReading reading) {
     std::vector<PoiEntry> entries;
-    entries.reserve(1000);
     const qsizetype size = bytes.size();
+    entries.reserve(1000);
     qsizetype pos = 0;
     while (size - pos >= kHeaderSize) {
         const uint8_t type = static_cast<uint8_t>(bytes[pos]);

@@ -2,14 +2,20 @@
 
 #include "nav/poi/AscReader.h"
 #include "nav/poi/Ov2Reader.h"
+#include "nav/poi/PoiName.h"
 #include "nav/poi/PoiSort.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 QString PoiFile::path() const {
     return QDir(m_strFolder).filePath(m_strName);
+}
+
+QByteArray ReadPoiName(const PoiFile& file, const PoiEntry& entry) {
+    return ReadPoiNames(file.path(), {entry.m_nNameOffset}).front();
 }
 
 std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiReading reading) {
@@ -24,7 +30,10 @@ int LoadPoiFile(PoiFile& file) {
         file.m_entries.shrink_to_fit();
         return 0;
     }
-    const QByteArray bytes = in.readAll();
+    // Read at once into a buffer of the file's size: growing one as the data comes copies it again and
+    // again, which for a file of a million points costs more than reading it.
+    QByteArray bytes(in.size(), Qt::Uninitialized);
+    bytes.truncate(std::max<qint64>(in.read(bytes.data(), bytes.size()), 0));
     file.m_entries = ReadPoiEntries(bytes, file.m_strName, PoiReading::AsListed);
     SortByLongitude(file.m_entries);
     file.m_entries.shrink_to_fit();

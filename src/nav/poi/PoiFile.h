@@ -23,6 +23,9 @@ struct PoiFile {
 // Returns the number of points.
 int LoadPoiFile(PoiFile& file);
 
+// The name of a point of the file, read from the file at its name offset (empty: none).
+QByteArray ReadPoiName(const PoiFile& file, const PoiEntry& entry);
+
 // The points of a file's bytes as LoadPoiFile keeps them, by the file name's extension.
 std::vector<PoiEntry> ReadPoiEntries(QByteArrayView bytes, const QString& fileName, PoiReading reading);
 

@@ -2,24 +2,28 @@
 
 #include "settings/TextDecoding.h"
 
+#include <QFile>
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
 constexpr qsizetype kMaxName = 1023;
+constexpr qsizetype kWindow = 16 * 1024; // read at once: a few names of a list, or many of a dense one
 
-qsizetype nameLength(QByteArrayView bytes) {
+// The name at the start of `rest`.
+QByteArray nameFrom(QByteArrayView rest) {
+    rest.truncate(std::min(kMaxName, rest.size()));
     const auto end =
-        std::find_if(bytes.begin(), bytes.end(), [](char c) { return c == '\0' || c == '\n' || c == '\r'; });
-    return end - bytes.begin();
+        std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\0' || c == '\n' || c == '\r'; });
+    return rest.first(end - rest.begin()).toByteArray();
 }
 
 } // namespace
 
 QByteArray PoiNameAt(QByteArrayView bytes, uint32_t nameOffset) {
     if (nameOffset == 0 || nameOffset >= bytes.size()) return {};
-    const QByteArrayView rest = bytes.sliced(nameOffset, std::min(kMaxName, bytes.size() - nameOffset));
-    return rest.first(nameLength(rest)).toByteArray();
+    return nameFrom(bytes.sliced(nameOffset));
 }
 
 QString PoiNameText(const QByteArray& name) {
@@ -31,16 +35,29 @@ QByteArray PoiNameBytes(const QString& text) {
     return text.toUtf8();
 }
 
-PoiNameReader::PoiNameReader(const QString& path) : m_file(path) {
-    // Unbuffered: every name is one read at its own place, and a buffer would be refilled for each.
-    m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-}
-
-QByteArray PoiNameReader::read(uint32_t nameOffset) {
-    if (nameOffset == 0 || !m_file.isOpen() || !m_file.seek(nameOffset)) return {};
-    char buffer[kMaxName];
-    const qint64 got = m_file.read(buffer, kMaxName);
-    if (got <= 0) return {};
-    const QByteArrayView bytes(buffer, got);
-    return bytes.first(nameLength(bytes)).toByteArray();
+std::vector<QByteArray> ReadPoiNames(const QString& path, const std::vector<uint32_t>& nameOffsets) {
+    std::vector<QByteArray> names(nameOffsets.size());
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return names;
+    std::vector<size_t> order(nameOffsets.size());
+    std::iota(order.begin(), order.end(), size_t{0});
+    std::ranges::sort(order, {}, [&nameOffsets](size_t i) { return nameOffsets[i]; });
+    QByteArray window;
+    qint64 windowStart = 0;
+    bool windowAtEnd = false;
+    for (const size_t i : order) {
+        const qint64 offset = nameOffsets[i];
+        if (offset == 0) continue;
+        const qint64 windowEnd = windowStart + window.size();
+        if (offset < windowStart || offset >= windowEnd || (offset + kMaxName > windowEnd && !windowAtEnd)) {
+            window.resize(kWindow);
+            const qint64 got = file.seek(offset) ? file.read(window.data(), kWindow) : -1;
+            window.truncate(std::max<qint64>(got, 0));
+            windowStart = offset;
+            windowAtEnd = got < kWindow;
+        }
+        if (offset - windowStart < window.size())
+            names[i] = nameFrom(QByteArrayView(window).sliced(offset - windowStart));
+    }
+    return names;
 }

@@ -2,9 +2,9 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QFile>
 #include <QString>
 #include <cstdint>
+#include <vector>
 
 // A POI name is 8-bit text from its name offset to the first NUL or line end, at most 1023 bytes.
 QByteArray PoiNameAt(QByteArrayView bytes, uint32_t nameOffset);
@@ -15,13 +15,7 @@ QString PoiNameText(const QByteArray& name);
 // devices show), else UTF-8; PoiNameText reads either back.
 QByteArray PoiNameBytes(const QString& text);
 
-// Reads names from one POI file kept open, for a list of many names. An offset of 0, a missing file
-// or an offset past the end give an empty name.
-class PoiNameReader {
-public:
-    explicit PoiNameReader(const QString& path);
-    QByteArray read(uint32_t nameOffset);
-
-private:
-    QFile m_file;
-};
+// The names at `nameOffsets` in the file at `path`, in the order of the offsets, read in one forward
+// pass through the file: a list of thousands costs a few reads, not one each. An offset of 0, a missing
+// file or an offset past the end give an empty name.
+std::vector<QByteArray> ReadPoiNames(const QString& path, const std::vector<uint32_t>& nameOffsets);

@@ -8,11 +8,8 @@
 // The settings of the POI files under SOFTWARE\Omvale\Fendix, declared once.
 namespace PoiSettings {
 inline constexpr Setting<const char*> kPoiPath{"PoiPath", "\\POI", false}; // the POI folder
-inline constexpr Setting<uint8_t> kPOISize{"POISize", 0,
-                                           false}; // icon edge in pixels; 0 = the icon's own size
-inline constexpr Setting<bool> kShowPOIinMN{"ShowPOIinMN", false, false};
-inline constexpr Setting<bool> kHidePOIByDiag{"HidePOIByDiag", false, false};
-inline constexpr Setting<bool> kSmallFont{"Small Font", false, false};
+// Edge of the icons in pixels; 0 = each icon at its own size.
+inline constexpr Setting<uint8_t> kPOISize{"POISize", 0, false};
 // One flag a POI file, named by the file name: whether the file is enabled.
 inline const QString kFilesKey = QString::fromLatin1(CRegistryKey::kSettingsPath) + QLatin1String("\\POI");
 } // namespace PoiSettings

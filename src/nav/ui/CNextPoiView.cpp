@@ -162,8 +162,7 @@ void CNextPoiView::ChooseRow(int row) {
     if (row < 0 || row >= int(Hits().size()) || m_pois.isLoading()) return;
     const PoiHit& hit = Hits()[size_t(row)];
     const PoiEntry& entry = hit.m_pFile->m_entries[size_t(hit.m_nIndex)];
-    const QByteArray name =
-        m_bNamesLoaded ? hit.m_name : PoiNameReader(hit.m_pFile->path()).read(entry.m_nNameOffset);
+    const QByteArray name = m_bNamesLoaded ? hit.m_name : ReadPoiName(*hit.m_pFile, entry);
     Q_EMIT targetChosen(entry.m_dLon, entry.m_dLat, PoiNameText(name));
 }
 
