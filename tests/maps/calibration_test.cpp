@@ -35,9 +35,8 @@ TEST(Calibration, TwoPointsScaleEachAxisOnItsOwn) {
         {"-1.6 + 0.5 truncates to -1", 10.9984, 49.002, {-1, -1}},
         {"far outside saturates at the 32-bit limits", 1e10, -1e10, {2147483647, 2147483647}},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-    }
 }
 
 TEST(Calibration, FourPointsMapATrapezoidProjectively) {
@@ -59,9 +58,8 @@ TEST(Calibration, FourPointsMapATrapezoidProjectively) {
         // Projectively the centre is where the diagonals cross (y = 355.6); an affine fit gives 400.
         {"centre", 11.5, 48.5, {500, 356}},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-    }
 }
 
 TEST(Calibration, SetPointLowersTheIndexAndRefits) {
@@ -126,9 +124,8 @@ TEST(Calibration, ContainsCountsFromColumnAndRowOne) {
         {"row 0", 11.5, 49.0, false},       {"row 1", 11.5, 48.99875, true},
         {"row 799", 11.5, 48.00125, true},  {"row 800", 11.5, 48.0, false},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.Contains(c.lon, c.lat), c.contained) << c.legend;
-    }
     EXPECT_FALSE(MapCalibration().Contains(0.5, 0.5)) << "no points";
 }
 

@@ -176,7 +176,6 @@ TEST(Catalogue, TitleAndMapInfo) {
                  {"/maps/", "Tarvik Map"},
                  {"/maps/b/c.jpg", "c.jpg"},
                  {"\\My Documents\\x.png", "x.png"}};
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(CMapCatalogue::TitleFor(c.mapFile), c.title) << c.mapFile;
-    }
 }
