@@ -19,3 +19,4 @@ int runFakeReceiverCommand(ToolContext& ctx, QStringList args);
 int runWatchCommand(ToolContext& ctx, QStringList args);
 int runKalCommand(ToolContext& ctx, QStringList args);
 int runMapCommand(ToolContext& ctx, QStringList args);
+int runPoiCommand(ToolContext& ctx, QStringList args);

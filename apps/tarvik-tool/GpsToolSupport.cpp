@@ -1,5 +1,8 @@
 #include "GpsToolSupport.h"
 
+#include "gps/sources/SourceSettings.h"
+#include "settings/CRegistryKey.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -7,6 +10,22 @@
 
 QString nowProblem(const ToolOptions& options) {
     return "--now needs an ISO 8601 time such as 2026-05-22T12:00:00, not '" + options.value("--now") + "'";
+}
+
+std::optional<bool> acceptAllTalkers(const ToolOptions& options, QString& problem) {
+    CRegistryKey key;
+    bool accept = readSetting(key, SourceSettings::kAcceptAllTalkers);
+    for (const QString& assignment : options.values("--set")) {
+        const QString name = assignment.section('=', 0, 0);
+        const QString value = assignment.section('=', 1);
+        if (name.compare(SourceSettings::kAcceptAllTalkers.name(), Qt::CaseInsensitive) != 0 ||
+            (value != "0" && value != "1")) {
+            problem = "--set takes AcceptAllTalkers=0 or AcceptAllTalkers=1 here, not '" + assignment + "'";
+            return std::nullopt;
+        }
+        accept = value == "1";
+    }
+    return accept;
 }
 
 std::optional<FixedDeviceClock> commandClock(const QString& nowOption) {

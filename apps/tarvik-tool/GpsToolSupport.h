@@ -14,6 +14,11 @@ std::optional<FixedDeviceClock> commandClock(const QString& nowOption);
 // The one-line problem of an unreadable --now.
 QString nowProblem(const ToolOptions& options);
 
+// Whether other talkers' sentences are read as GPS ones: "--set AcceptAllTalkers=0|1" for this run
+// (the commands that only read a log never change the settings), else the stored setting. Nothing,
+// with the problem, for another --set.
+std::optional<bool> acceptAllTalkers(const ToolOptions& options, QString& problem);
+
 // Writes CSV rows of plain fields (numbers, times, names without commas) to stdout in large
 // blocks: a long log gives a long table, and its output must not cost more than its reading.
 class CsvBlockWriter {

@@ -1,8 +1,10 @@
 #include "Commands.h"
 #include "GpsToolSupport.h"
 #include "gps/GpsSettings.h"
+#include "gps/LogLineSplitter.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/SyntheticGga.h"
+#include "gps/TalkerRewrite.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -10,18 +12,19 @@
 namespace {
 
 const char* const kUsage =
-    "tarvik-tool nmea parse [FILE|-] [--now ISO8601] [--source N]\n"
+    "tarvik-tool nmea parse [FILE|-] [--now ISO8601] [--source N] [--set AcceptAllTalkers=1]\n"
     "       tarvik-tool nmea gga --lon X --lat Y --time ISO8601 --valid N --sats N\n"
     "parse: feeds each line to the interpreter and prints one CSV row per line with the GPS state\n"
     "  after it: line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset (degrees,\n"
     "  local time with its offset, metres, km/h, degrees). --now fixes the device clock (default:\n"
     "  the machine's), --source the source index (0-9 serial ports, default 1). Settings come from\n"
-    "  the root's registry. The machine's clock is never set.\n"
+    "  the root's registry; --set AcceptAllTalkers=1 reads other talkers' fix sentences for this run.\n"
+    "  Lines end at LF, CR LF or CR, as every log reader cuts them. The machine's clock is never set.\n"
     "gga: prints the $GPGGA sentence that stands in for a receiver (degrees, the time with its\n"
     "  offset, fix quality and satellites).";
 
 int parseCommand(ToolContext& ctx, const QStringList& args) {
-    const ToolOptions options(args, {"--now", "--source"});
+    const ToolOptions options(args, {"--now", "--source", "--set"});
     if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (options.positional().size() > 1)
         return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
@@ -33,11 +36,14 @@ int parseCommand(ToolContext& ctx, const QStringList& args) {
         return ctx.usageError(
             "--source needs a number from 0 to 255, not '" + options.value("--source") + "'", kUsage);
 
+    QString problem;
+    const auto acceptAll = acceptAllTalkers(options, problem);
+    if (!acceptAll) return ctx.usageError(problem, kUsage);
+
     const QString path = options.positional().value(0, "-");
     QFile file(path);
     const bool bOpened = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!bOpened) return ctx.inputError("cannot read " + path);
-    const QByteArray input = file.readAll();
 
     FixedDeviceClock deviceClock = *clock;
     GpsFix fix;
@@ -46,14 +52,14 @@ int parseCommand(ToolContext& ctx, const QStringList& args) {
     NmeaInterpreter interpreter(deviceClock);
     CsvBlockWriter csv(ctx);
     csv.text("line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset").endRow();
-    qsizetype start = 0;
-    for (long long lineNumber = 1; start < input.size(); ++lineNumber) {
-        qsizetype end = input.indexOf('\n', start);
-        if (end < 0) end = input.size();
-        qsizetype length = end - start;
-        if (length > 0 && input.at(start + length - 1) == '\r') --length;
-        const uint16_t code =
-            interpreter.interpret({input.constData() + start, static_cast<size_t>(length)}, fix);
+    LogLineSplitter lines(file);
+    std::span<char> line;
+    for (long long lineNumber = 1; lines.next(line); ++lineNumber) {
+        if (*acceptAll) rewriteTalkerToGp(line.data(), static_cast<int>(line.size()));
+        size_t length = line.size();
+        while (length > 0 && (line[length - 1] == '\n' || line[length - 1] == '\r'))
+            --length;
+        const uint16_t code = interpreter.interpret({line.data(), length}, fix);
         if (code > GpsChange::kUnderstood) fix.m_nPendingChanges |= code;
         csv.integer(lineNumber).integer(code).number(fix.m_dPosLong).number(fix.m_dPosLat);
         csv.localTime(fix.m_tFixTime, deviceClock.localOffset())
@@ -61,7 +67,6 @@ int parseCommand(ToolContext& ctx, const QStringList& args) {
             .integer(fix.m_nSatellites);
         csv.number(fix.m_fHdop).number(fix.m_fAltitude).number(fix.m_fSpeed).number(fix.m_fCourse);
         csv.integer(fix.m_nAltitudeOffset).endRow();
-        start = end + 1;
     }
     return ToolContext::kOk;
 }

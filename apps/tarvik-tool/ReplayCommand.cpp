@@ -38,6 +38,7 @@ const SettableValue kSettable[] = {
     &RecordingSettings::kTourTime,
     &RecordingSettings::kTour,
     &SourceSettings::kAutoReconnect,
+    &SourceSettings::kAcceptAllTalkers,
     &GpsSettings::kAltitudeOffset,
     &GpsSettings::kAutoAltitudeOffset,
     &GpsSettings::kThresholdHeading,

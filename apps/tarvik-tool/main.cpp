@@ -29,6 +29,8 @@ const Noun kNouns[] = {
     {"kal", "map calibrations: fit points, read and write .kal files, convert positions", runKalCommand,
      "fit geo2px px2geo"},
     {"map", "the map catalogue of a folder: scan it, choose the best map for a position", runMapCommand},
+    {"poi", "read POI files (.ov2, .asc), find the nearest POIs, convert between formats", runPoiCommand,
+     "read nearest"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},

@@ -55,7 +55,7 @@ bool installTarget(const DeviceRoot& root, const QString& dataFolder, const QStr
     if (!entry.exists()) return true; // a plain setting, not a place
     const QString target = root.hostPath(systemPath);
     if (!isInside(target, root.hostFolder())) {
-        DevLog("!!!!demo: %s lies outside the demo root", systemPath.toUtf8().constData());
+        devLog("!!!!demo: %s lies outside the demo root", systemPath.toUtf8().constData());
         return false;
     }
     QStringList sources;
@@ -70,7 +70,7 @@ bool installTarget(const DeviceRoot& root, const QString& dataFolder, const QStr
         if (!bReplace && QFileInfo::exists(destination)) continue;
         const auto bytes = readAll(source);
         if (!bytes || !writeAll(destination, *bytes)) {
-            DevLog("!!!!demo: cannot copy %s", source.toUtf8().constData());
+            devLog("!!!!demo: cannot copy %s", source.toUtf8().constData());
             return false;
         }
     }
@@ -89,12 +89,12 @@ QString findDemoData(const QStringList& candidates) {
 bool prepareDemoRoot(const QString& folder, const QString& dataFolder) {
     const auto settings = readAll(QDir(dataFolder).filePath(DemoRoot::kSettingsFile));
     if (!settings) {
-        DevLog("!!!!demo: no %s in %s", DemoRoot::kSettingsFile, dataFolder.toUtf8().constData());
+        devLog("!!!!demo: no %s in %s", DemoRoot::kSettingsFile, dataFolder.toUtf8().constData());
         return false;
     }
     const RegFile::Parsed parsed = RegFile::parse(*settings);
     if (!parsed.error.isEmpty()) {
-        DevLog("!!!!demo: %s %s", DemoRoot::kSettingsFile, parsed.error.toUtf8().constData());
+        devLog("!!!!demo: %s %s", DemoRoot::kSettingsFile, parsed.error.toUtf8().constData());
         return false;
     }
     const QByteArray digest = digestOf(dataFolder);

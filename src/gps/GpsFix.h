@@ -36,14 +36,15 @@ struct GpsFix {
     float m_fAltitude = 0; // metres, the altitude offset already added
     float m_fSpeed = 0;    // km/h
     float m_fCourse = 0;   // degrees true, as sent
-    int32_t m_nAltitudeOffset = GpsSettings::kAltitudeOffset.m_default; // metres added to every altitude
-    // The offset taken from the GGA geoid separation.
+    // Metres added to every altitude, unless taken from the GGA geoid separation.
+    int32_t m_nAltitudeOffset = GpsSettings::kAltitudeOffset.m_default;
     bool m_bAutoAltitudeOffset = GpsSettings::kAutoAltitudeOffset.m_default;
-    float m_fThresholdHeading = GpsSettings::kThresholdHeading.m_default; // km/h; below it the course is kept
-    bool m_bSetSystemTime =
-        GpsSettings::kSetSystemTime.m_default; // set the clock from the next serial fix, then cleared
-    uint8_t m_nSource = 0;                     // a SourceTable index
-    uint16_t m_nPendingChanges = 0;            // OR of GpsChange values not yet handled by the epoch handling
+    // km/h; below it the course is kept.
+    float m_fThresholdHeading = GpsSettings::kThresholdHeading.m_default;
+    // Set the device clock from the next serial fix; cleared once done.
+    bool m_bSetSystemTime = GpsSettings::kSetSystemTime.m_default;
+    uint8_t m_nSource = 0;          // a SourceTable index
+    uint16_t m_nPendingChanges = 0; // OR of GpsChange values not yet handled by the epoch handling
 
     bool hasFix() const { return m_nValid != 0; }
     bool fromSerialPort() const { return SourceTable::isSerialPort(m_nSource); }

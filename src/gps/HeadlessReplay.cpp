@@ -2,9 +2,12 @@
 
 #include "gps/CFendixDoc.h"
 #include "gps/ReplayTimeline.h"
+#include "gps/TalkerRewrite.h"
 #include "gps/sources/LineAssembler.h"
+#include "gps/sources/SourceSettings.h"
 #include "gps/sources/SourceTable.h"
 #include "platform/DeviceClock.h"
+#include "settings/CRegistryKey.h"
 
 #include <cstring>
 
@@ -30,13 +33,21 @@ template <class OnLine> void forEachSentence(QByteArrayView log, OnLine&& onLine
 } // namespace
 
 ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log) {
+    CRegistryKey key;
     CFendixDoc doc(root, clock);
     doc.LoadSettings();
     doc.Fix().m_nSource = SourceTable::kSimulate;
     doc.ResetStatistics(true);
 
     ReplayTimeline timeline(clock);
+    // The log is mapped read-only: a sentence whose talker is rewritten is copied first.
+    const bool bAcceptAllTalkers = readSetting(key, SourceSettings::kAcceptAllTalkers);
+    char copy[LineAssembler::kBufferSize];
     forEachSentence(log, [&](const char* line, int length) {
+        if (bAcceptAllTalkers) {
+            std::memcpy(copy, line, static_cast<size_t>(length));
+            if (rewriteTalkerToGp(copy, length)) line = copy;
+        }
         timeline.follow(line, length);
         doc.HandleSentence(line, length);
     });

@@ -31,10 +31,10 @@ std::optional<int64_t> timeFromName(const QString& name) {
 } // namespace
 
 int OldLogPurge::ThreadDelOldLog(const StopEvent& stop, int delayMs) {
-    DevLog("->Start ThreadDelOldLog");
+    devLog("->Start ThreadDelOldLog");
     if (stop.waitFor(delayMs)) return 0;
     const int deleted = deleteOldFiles(stop);
-    DevLog("->End ThreadDelOldLog");
+    devLog("->End ThreadDelOldLog");
     return deleted;
 }
 

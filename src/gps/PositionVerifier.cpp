@@ -42,18 +42,18 @@ uint8_t PositionVerifier::VerifyTimeAndPosition(GpsFix& fix) {
         // The start point also starts the time line: otherwise the second fix after a start would
         // measure its step from the day-old start value and count as a break.
         fix.m_tPrevFixTime = fix.m_tFixTime;
-        DevLog("VerifyTimeAndPosition: m_dPosLong == 0");
+        devLog("VerifyTimeAndPosition: m_dPosLong == 0");
         return 0;
     }
     const double km = GeoDistance(m_dLastLong, m_dLastLat, fix.m_dPosLong, fix.m_dPosLat);
     if (km < 0) {
-        DevLog("dDist<0)");
+        devLog("dDist<0)");
         return 1;
     }
     const int64_t nDiffTime = fix.m_tFixTime - fix.m_tPrevFixTime;
     const int64_t nBreakSeconds = int64_t{m_nMaxBreakMin} * 60;
     if (nDiffTime > nBreakSeconds || nDiffTime < 0) {
-        DevLog("nDiffTime (%lld) > m_nMaxBreakMin*60 || nDiffTime < 0 (%lld s, %d min)",
+        devLog("nDiffTime (%lld) > m_nMaxBreakMin*60 || nDiffTime < 0 (%lld s, %d min)",
                static_cast<long long>(nDiffTime), static_cast<long long>(nBreakSeconds), m_nMaxBreakMin);
         fix.m_tPrevFixTime = fix.m_tFixTime;
         return 0;
@@ -63,7 +63,7 @@ uint8_t PositionVerifier::VerifyTimeAndPosition(GpsFix& fix) {
     const float fSpeed = static_cast<float>(km / seconds * 3600.0);
     if (fSpeed > static_cast<float>(m_nSpeedLimit)) {
         m_dLastLong = 0.0;
-        DevLog("fSpeed(%f) > m_nSpeedLimit (%d)", static_cast<double>(fSpeed), m_nSpeedLimit);
+        devLog("fSpeed(%f) > m_nSpeedLimit (%d)", static_cast<double>(fSpeed), m_nSpeedLimit);
         return 0;
     }
     takeSpeed(fix, fSpeed);

@@ -1,7 +1,9 @@
 #include "gps/TrackLogReader.h"
 
+#include "gps/LogLineSplitter.h"
 #include "gps/NmeaSentence.h"
 #include "gps/NmeaTime.h"
+#include "gps/TalkerRewrite.h"
 #include "platform/DeviceClock.h"
 #include "settings/DevLog.h"
 
@@ -14,57 +16,8 @@
 namespace {
 
 constexpr float kKnotsToKmh = 1.851998f;
-constexpr size_t kMaxLineLength = 1023; // longer lines are read in pieces of this size
-constexpr size_t kChunkSize = 1 << 16;
 constexpr qint64 kMinBytesPerPoint = 64; // a $GPGGA with a fix is longer
 constexpr qint64 kMaxReservedPoints = 1 << 22;
-
-// Hands out the lines of a device, each with its "\n", in pieces of at most kMaxLineLength bytes.
-class LineChunker {
-public:
-    explicit LineChunker(QIODevice& device) : m_device(device), m_buffer(kChunkSize + kMaxLineLength) {}
-
-    // False at the end of the data or on a read error (then readFailed()).
-    bool next(std::string_view& line) {
-        for (;;) {
-            const size_t available = m_nEnd - m_nPos;
-            const size_t window = std::min(available, kMaxLineLength);
-            const char* start = m_buffer.data() + m_nPos;
-            if (const void* newline = std::memchr(start, '\n', window)) {
-                return take(line, static_cast<size_t>(static_cast<const char*>(newline) - start) + 1);
-            }
-            if (available >= kMaxLineLength) return take(line, kMaxLineLength);
-            if (m_bEnd) return available > 0 && take(line, available);
-            refill();
-        }
-    }
-    bool readFailed() const { return m_bFailed; }
-
-private:
-    bool take(std::string_view& line, size_t length) {
-        line = {m_buffer.data() + m_nPos, length};
-        m_nPos += length;
-        return true;
-    }
-    void refill() {
-        std::memmove(m_buffer.data(), m_buffer.data() + m_nPos, m_nEnd - m_nPos);
-        m_nEnd -= m_nPos;
-        m_nPos = 0;
-        const qint64 got =
-            m_device.read(m_buffer.data() + m_nEnd, static_cast<qint64>(m_buffer.size() - m_nEnd));
-        if (got > 0) {
-            m_nEnd += static_cast<size_t>(got);
-            return;
-        }
-        m_bEnd = true;
-        m_bFailed = got < 0;
-    }
-
-    QIODevice& m_device;
-    std::vector<char> m_buffer;
-    size_t m_nPos = 0, m_nEnd = 0;
-    bool m_bEnd = false, m_bFailed = false;
-};
 
 // Folds log sentences into the working record and appends points.
 class TrackBuilder {
@@ -136,20 +89,22 @@ private:
 } // namespace
 
 bool ReadFromFile(QIODevice* file, std::vector<TrackPoint>& points, const GpsFix& fix,
-                  const DeviceClock& clock, bool bDetails) {
+                  const DeviceClock& clock, bool bDetails, bool bAcceptAllTalkers) {
     if (!file || !file->isOpen() || file->isSequential() || !file->seek(0)) return false;
     points.clear();
     // Room for one point per 64 bytes, more than any log holds, saves copying a growing list.
     points.reserve(
         static_cast<size_t>(std::min<qint64>(file->size() / kMinBytesPerPoint, kMaxReservedPoints)));
     TrackBuilder builder(points, fix, clock, bDetails);
-    LineChunker lines(*file);
-    std::string_view line;
-    while (lines.next(line))
-        builder.add(line);
+    LogLineSplitter lines(*file);
+    std::span<char> line;
+    while (lines.next(line)) {
+        if (bAcceptAllTalkers) rewriteTalkerToGp(line.data(), static_cast<int>(line.size()));
+        builder.add({line.data(), line.size()});
+    }
     if (lines.readFailed()) {
         const auto* fileDevice = qobject_cast<const QFileDevice*>(file);
-        DevLog("!!!!!!!!!!GetExceptionCode in ReadFromFile: %x",
+        devLog("!!!!!!!!!!GetExceptionCode in ReadFromFile: %x",
                fileDevice ? static_cast<unsigned>(fileDevice->error()) : 1u);
     }
     return true;

@@ -100,7 +100,7 @@ bool TrackLogWriter::createFile(int64_t now) {
         m_strPath = path;
         noteFailure("cannot create");
         m_strPath.clear();
-        DevLog("!!!!Cannot create log file %s", QFile::encodeName(path).constData());
+        devLog("!!!!Cannot create log file %s", QFile::encodeName(path).constData());
         return false;
     }
     m_strPath = path;
@@ -155,9 +155,9 @@ bool TrackLogWriter::ReopenLog() {
     m_pFile = openFile(m_strPath, "r+b");
     if (!m_pFile || std::fseek(m_pFile, 0, SEEK_END) != 0) {
         close();
-        DevLog("ReopenLog() failed!!!!!!");
+        devLog("ReopenLog() failed!!!!!!");
         return false;
     }
-    DevLog("ReopenLog() !!!!!!");
+    devLog("ReopenLog() !!!!!!");
     return true;
 }

@@ -148,7 +148,8 @@ void CMapCatalogue::SelectBestMap() {
     }
     if (best->HasImage()) m_host.DisplayMap(best);
     m_strMapFile = best->MapFile();
-    CRegistryKey(SettingsPath()).WriteString(MapSettings::kLoadedMap.name(), m_strMapFile);
+    CRegistryKey key(SettingsPath());
+    writeSetting(key, MapSettings::kLoadedMap, m_strMapFile);
     UpdateTitle();
 }
 
@@ -167,7 +168,8 @@ void CMapCatalogue::SortByScore() {
 
 void CMapCatalogue::ToggleAutoLoadNext() {
     m_bAutoLoadNext = !m_bAutoLoadNext;
-    CRegistryKey(SettingsPath()).WriteDword(MapSettings::kAutoLoadNext.name(), m_bAutoLoadNext ? 1 : 0);
+    CRegistryKey key(SettingsPath());
+    writeSetting(key, MapSettings::kAutoLoadNext, m_bAutoLoadNext ? 1 : 0);
     WaitForIdleDrawing();
     ScanMaps();
     SelectBestMap();
@@ -179,8 +181,8 @@ void CMapCatalogue::OpenMap(const QString& path) {
     m_host.RestartTimer();
     m_bShowMap = true;
     CRegistryKey key(SettingsPath());
-    key.WriteDword(MapSettings::kShowMap.name(), 1);
-    key.WriteString(MapSettings::kLoadedMap.name(), path);
+    writeSetting(key, MapSettings::kShowMap, 1);
+    writeSetting(key, MapSettings::kLoadedMap, path);
     QFile::remove(MapPaths::DirectoryPart(path) + kCacheFile);
     ScanMaps();
     const auto chosen =

@@ -40,14 +40,14 @@ QImage MyLoadBitmap(const QString& path) {
     try {
         image = decode(path, QByteArray());
     } catch (const std::exception& failure) {
-        DevLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
+        devLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
     }
     if (image.isNull()) {
         // The plain device-independent bitmap reader, for a .bmp whose header the sniffing rejects.
         try {
             image = decode(path, QByteArrayLiteral("bmp"));
         } catch (const std::exception& failure) {
-            DevLog("!!!!!!!!!!GetExceptionCode: %x", exceptionCode(failure));
+            devLog("!!!!!!!!!!GetExceptionCode: %x", exceptionCode(failure));
         }
     }
     return image;
@@ -64,7 +64,7 @@ QImage LoadReducedBitmap(const QString& path, int divisor) {
             QSize(std::max(1, size.width() / divisor), std::max(1, size.height() / divisor)));
         return reader.read();
     } catch (const std::exception& failure) {
-        DevLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
+        devLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
         return QImage();
     }
 }

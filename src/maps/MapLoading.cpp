@@ -13,7 +13,7 @@ int64_t requiredBytes(int64_t width, int64_t height) {
 bool fitsBudget(const QString& path, int64_t width, int64_t height, int64_t available) {
     const int64_t required = requiredBytes(width, height);
     if (available >= required) return true;
-    DevLog("Not enough memeory to load %s: dwAvailPhys: %d MB, dwMapSize: %d MB", path.toUtf8().constData(),
+    devLog("Not enough memeory to load %s: dwAvailPhys: %d MB, dwMapSize: %d MB", path.toUtf8().constData(),
            int(available >> 20), int(required >> 20));
     return false;
 }

@@ -25,7 +25,7 @@ void appendEntry(const QByteArray& message) {
 
 } // namespace
 
-void DevLog(const char* format, ...) {
+void devLog(const char* format, ...) {
     va_list args;
     va_start(args, format);
     va_list copy;
@@ -38,6 +38,6 @@ void DevLog(const char* format, ...) {
     appendEntry(message);
 }
 
-void DevLog() {
-    DevLog("%s line %d", "util", 137);
+void devLog() {
+    devLog("%s line %d", "util", 137);
 }

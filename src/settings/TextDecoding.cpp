@@ -1,6 +1,7 @@
 #include "settings/TextDecoding.h"
 
 #include <QStringDecoder>
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -66,4 +67,20 @@ QString decodeText(const QByteArray& bytes) {
 bool isText(const QByteArray& bytes) {
     if (!bytes.contains('\0')) return true;
     return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") || guessUtf16(bytes).has_value();
+}
+
+std::optional<QByteArray> encodeCp1252(const QString& text) {
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* out = bytes.data();
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {
+            *out++ = static_cast<char>(unit);
+            continue;
+        }
+        const auto high = std::ranges::find(kCp1252High, unit);
+        if (high == kCp1252High.end()) return std::nullopt;
+        *out++ = static_cast<char>(0x80 + (high - kCp1252High.begin()));
+    }
+    return bytes;
 }

@@ -9,6 +9,9 @@
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "maps/ui/CMapView.h"
+#include "nav/poi/PoiLoader.h"
+#include "nav/ui/CNextPoiView.h"
+#include "nav/ui/CPOIView.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/MemoryPressure.h"
@@ -43,7 +46,7 @@ CFendixApp::~CFendixApp() {
 }
 
 bool CFendixApp::InitInstance(bool bFullScreen) {
-    DevLog("ver: %s", TARVIK_VERSION);
+    devLog("ver: %s", TARVIK_VERSION);
     CRegistryKey key;
     m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
     m_pDoc->LoadSettings();
@@ -51,6 +54,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSource->setMessageHandler([this](const QString& text) { ShowNotice(text); });
 
     qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
+    m_pPois = std::make_unique<PoiLoader>();
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
@@ -72,6 +76,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
         m_pFrame->show();
     }
 
+    m_pPois->start();
     m_pSource->start();
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
     StartAutoStartProgram();
@@ -125,6 +130,21 @@ PageFactory CFendixApp::MakePages() {
         actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
         return new CSettingsPage(actions, parent);
     });
+    pages.add(PageTable::kPoiSettings, [this](QWidget* parent) {
+        return new CPOIView(
+            *m_pPois, [this] { m_pFrame->SelectPage(PageTable::kNextPoi); }, parent);
+    });
+    pages.add(PageTable::kNextPoi, [this](QWidget* parent) {
+        // The position counts as unknown while a coordinate is exactly 0, as the GoTo target does.
+        const auto gpsPosition = [this]() -> std::optional<GeoPosition> {
+            const GpsFix& fix = m_pDoc->Fix();
+            if (fix.m_dPosLong == 0 || fix.m_dPosLat == 0) return std::nullopt;
+            return GeoPosition{fix.m_dPosLat, fix.m_dPosLong};
+        };
+        // No GoTo target until the GoTo page exists; the page's targetChosen waits for it as well.
+        return new CNextPoiView(
+            *m_pPois, gpsPosition, [] { return std::optional<GeoPosition>(); }, parent);
+    });
     return pages;
 }
 
@@ -163,6 +183,7 @@ void CFendixApp::Shutdown() {
     m_pSounds->shutdown();
     m_pDoc->SaveAndClose();
     m_idleInhibitor.hold(false);
+    m_pPois->stop();
     m_purgeStop.set();
     if (m_purgeThread.joinable()) m_purgeThread.join();
     QCoreApplication::quit();

@@ -14,14 +14,16 @@ class CMainFrame;
 class DocumentSource;
 class MemoryPressure;
 class PageFactory;
+class PoiLoader;
 class QtNoiseMeter;
 class QtSoundOutput;
 class SoundController;
 class TerminationSignals;
 
 // The program: starts the parts in their order (settings, document, frame, sounds, the page of
-// "CurrentView", the GPS source, the old-log purge, the program started with this one) and ends
-// them on the frame's close (source stopped, tour and last position saved, log closed).
+// "CurrentView", the POIs, the GPS source, the old-log purge, the program started with this one) and
+// ends them on the frame's close (source stopped, POI loading stopped, tour and last position saved,
+// log closed).
 class CFendixApp : public QObject {
     Q_OBJECT
 public:
@@ -50,6 +52,7 @@ private:
     std::unique_ptr<QtNoiseMeter> m_pNoiseMeter;
     std::unique_ptr<SoundController> m_pSounds;
     std::unique_ptr<DocumentSource> m_pSource;
+    std::unique_ptr<PoiLoader> m_pPois; // before the frame: the POI pages refer to it
     std::unique_ptr<CMainFrame> m_pFrame;
     TerminationSignals* m_pSignals = nullptr;
     MemoryPressure* m_pPressure = nullptr;

@@ -40,7 +40,7 @@ CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
     CRegistryKey key;
     const int32_t preAllocKb = readSetting(key, ShellSettings::kPreAllocKB);
     if (preAllocKb > 0) m_reserve.emplace_back(qsizetype(preAllocKb) * 1024, '\0');
-    DevLog("Test (%d)", ReserveBlocks());
+    devLog("Test (%d)", ReserveBlocks());
 }
 
 CMainFrame::~CMainFrame() = default;
@@ -188,16 +188,16 @@ void CMainFrame::RunCommand(uint16_t command) {
 }
 
 void CMainFrame::FreeMemory(bool bAggressive) {
-    DevLog("MyFreeMem");
+    devLog("MyFreeMem");
     // The hidden pages let go of their cached data (the map pages of their images).
     for (const auto& [command, page] : m_pages)
         if (page != m_pCurrentPage) page->DropCachedData();
     CRegistryKey key;
     if (readSetting(key, ShellSettings::kCleanIECache) &&
         QDir(DeviceRoot::current().cacheFolder()).removeRecursively())
-        DevLog("IE Cache cleaned");
+        devLog("IE Cache cleaned");
     if (!bAggressive || m_bSwitching) return;
-    DevLog("Delete pages");
+    devLog("Delete pages");
     for (auto it = m_pages.begin(); it != m_pages.end();) {
         if (it->second == m_pCurrentPage) {
             ++it;
@@ -206,16 +206,16 @@ void CMainFrame::FreeMemory(bool bAggressive) {
         delete it->second; // made again on its next selection
         it = m_pages.erase(it);
     }
-    DevLog("End MyFreeMem");
+    devLog("End MyFreeMem");
 }
 
 void CMainFrame::OnHibernate() {
     FreeMemory(true);
-    DevLog("OnHibernate (%d)", ReserveBlocks());
+    devLog("OnHibernate (%d)", ReserveBlocks());
 }
 
 void CMainFrame::Exit() {
-    DevLog("OnClose");
+    devLog("OnClose");
     close();
 }
 

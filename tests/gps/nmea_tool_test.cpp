@@ -4,6 +4,7 @@
 #include "support/ToolRunner.h"
 
 #include <QDir>
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
@@ -80,4 +81,31 @@ TEST(NmeaTool, AnswersEveryCall) {
             EXPECT_EQ(result.out, c.out) << c.legend;
         }
     }
+}
+
+// The same sentences with CR-only line ends read the same in every reader of logs.
+TEST(NmeaTool, ReadsCrOnlyLogsLikeAnyOther) {
+    TestRoot root;
+    QFile lf(testDataDir() + "/replay/circle-3min.nmea");
+    ASSERT_TRUE(lf.open(QIODevice::ReadOnly));
+    const QByteArray bytes = lf.readAll();
+    QFile cr(root.file("cr-only.nmea"));
+    ASSERT_TRUE(cr.open(QIODevice::WriteOnly));
+    cr.write(QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r'));
+    cr.close();
+    const auto run = [&root](QStringList args) {
+        TestRoot fresh; // each run starts from the same settings and tour
+        return runTool(QStringList{"--root", fresh.path()} + args + QStringList{"--now", kNow}).out;
+    };
+    const int sentences = int(bytes.count('\n'));
+    for (const char* verb : {"track", "replay"}) {
+        const QStringList args =
+            verb == QByteArray("track") ? QStringList{"track", "read"} : QStringList{"replay"};
+        // Everything but the name of the track log the replay wrote.
+        const auto withoutLogFile = [](QByteArray out) { return out.left(out.indexOf("\"log_file\"")); };
+        EXPECT_EQ(withoutLogFile(run(args + QStringList{lf.fileName()})),
+                  withoutLogFile(run(args + QStringList{cr.fileName()})))
+            << verb;
+    }
+    EXPECT_EQ(run({"nmea", "parse", cr.fileName()}).count('\n'), sentences + 1) << "a row per sentence";
 }

@@ -1,6 +1,6 @@
 #include "gps/sources/LineAssembler.h"
 #include "gps/sources/SourceTable.h"
-#include "gps/sources/TalkerRewrite.h"
+#include "gps/TalkerRewrite.h"
 
 #include <QByteArray>
 #include <QList>

@@ -15,12 +15,12 @@ namespace {
 
 const FixedDeviceClock kClock(1774220400, 3600); // 2026-03-22 23:00 UTC
 
-std::vector<TrackPoint> readBytes(const QByteArray& bytes, bool bDetails) {
+std::vector<TrackPoint> readBytes(const QByteArray& bytes, bool bDetails, bool bAcceptAllTalkers = false) {
     QByteArray data = bytes;
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);
     std::vector<TrackPoint> points{TrackPoint{}};
-    EXPECT_TRUE(ReadFromFile(&buffer, points, GpsFix{}, kClock, bDetails));
+    EXPECT_TRUE(ReadFromFile(&buffer, points, GpsFix{}, kClock, bDetails, bAcceptAllTalkers));
     return points;
 }
 
@@ -54,6 +54,7 @@ TEST(TrackLogReader, FollowsTheSentenceRules) {
         bool bDetails;
         size_t nPoints;
         float fLastSpeed;
+        bool bAcceptAllTalkers = false;
     } const cases[] = {
         {"no fix skipped without details", gga + noFix, false, 1, 0},
         {"no fix kept with details", gga + noFix, true, 2, 0},
@@ -67,9 +68,15 @@ TEST(TrackLogReader, FollowsTheSentenceRules) {
         {"last line without newline", gga.chopped(1), false, 1, 0},
         {"NUL bytes and binary junk", QByteArray("\0\xff$GP\0\n", 7) + gga + QByteArray(300, '\0'), false, 1,
          0},
+        {"lines ending in CR only", QByteArray(gga + gga + gga).replace('\n', '\r'), false, 3, 0},
+        {"lines ending in CR LF", QByteArray(gga + gga).replace("\n", "\r\n"), false, 2, 0},
+        {"CR only across the 64 KiB read block",
+         (QByteArray(99, ' ') + '\n').repeated(655) + QByteArray(gga + gga).replace('\n', '\r'), false, 2, 0},
+        {"a multi-constellation fix is not GPS by default", "$GNGGA" + gga.mid(6), false, 0, 0},
+        {"with AcceptAllTalkers it is", "$GNGGA" + gga.mid(6), false, 1, 0, true},
     };
     for (const Case& c : cases) {
-        const std::vector<TrackPoint> points = readBytes(c.bytes, c.bDetails);
+        const std::vector<TrackPoint> points = readBytes(c.bytes, c.bDetails, c.bAcceptAllTalkers);
         EXPECT_EQ(points.size(), c.nPoints) << c.legend;
         if (!points.empty()) {
             EXPECT_EQ(points.back().m_fSpeed, c.fLastSpeed) << c.legend;

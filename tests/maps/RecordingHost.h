@@ -17,10 +17,3 @@ public:
     void SetTitle(const QString& title) override { m_strTitle = title; }
     void FreeMemory() override { ++m_nFreeMemoryCalls; }
 };
-
-// A catalogue of the maps that `cacheText` lists in `folder`/cache.ini, `current` the current map.
-struct ScannedCatalogue {
-    CRecordingHost host;
-    CMapCatalogue catalogue{host};
-    ScannedCatalogue(const QString& folder, const QByteArray& cacheText, const QString& current);
-};

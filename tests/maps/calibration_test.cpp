@@ -16,6 +16,8 @@ MapCalibration twoPointMap() {
 
 } // namespace
 
+// The fits' matrices, boxes and scales and a conversion each way are in the tool transcript
+// (tests/data/maps); these are the roundings and the projective centre.
 TEST(Calibration, TwoPointsScaleEachAxisOnItsOwn) {
     const MapCalibration map = twoPointMap();
     ASSERT_TRUE(map.Verify());
@@ -24,7 +26,6 @@ TEST(Calibration, TwoPointsScaleEachAxisOnItsOwn) {
         double lon, lat;
         Point pixel;
     } cases[] = {
-        {"centre", 11.5, 48.5, {500, 400}},
         {"x ignores the latitude (bottom)", 11.25, 48.0, {250, 800}},
         {"x ignores the latitude (top)", 11.25, 49.0, {250, 0}},
         {"y ignores the longitude", 11.9, 48.25, {900, 600}},
@@ -34,20 +35,8 @@ TEST(Calibration, TwoPointsScaleEachAxisOnItsOwn) {
         {"-1.6 + 0.5 truncates to -1", 10.9984, 49.002, {-1, -1}},
         {"far outside saturates at the 32-bit limits", 1e10, -1e10, {2147483647, 2147483647}},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-    }
-    double lon, lat;
-    map.PixelToGeo(250, 200, lon, lat);
-    EXPECT_NEAR(lon, 11.25, 1e-12);
-    EXPECT_NEAR(lat, 48.75, 1e-12);
-    // Box from the corners at width and height themselves; scale along the bottom edge (48 deg N:
-    // 74.353 km great circle; the top edge at 49 deg would give 72.9 m per pixel).
-    EXPECT_NEAR(map.MinLong(), 11.0, 1e-12);
-    EXPECT_NEAR(map.MaxLong(), 12.0, 1e-12);
-    EXPECT_NEAR(map.MinLat(), 48.0, 1e-12);
-    EXPECT_NEAR(map.MaxLat(), 49.0, 1e-12);
-    EXPECT_NEAR(map.MetersPerPixel(), 74.3533, 1e-4);
 }
 
 TEST(Calibration, FourPointsMapATrapezoidProjectively) {
@@ -69,9 +58,8 @@ TEST(Calibration, FourPointsMapATrapezoidProjectively) {
         // Projectively the centre is where the diagonals cross (y = 355.6); an affine fit gives 400.
         {"centre", 11.5, 48.5, {500, 356}},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-    }
 }
 
 TEST(Calibration, SetPointLowersTheIndexAndRefits) {
@@ -136,9 +124,8 @@ TEST(Calibration, ContainsCountsFromColumnAndRowOne) {
         {"row 0", 11.5, 49.0, false},       {"row 1", 11.5, 48.99875, true},
         {"row 799", 11.5, 48.00125, true},  {"row 800", 11.5, 48.0, false},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(map.Contains(c.lon, c.lat), c.contained) << c.legend;
-    }
     EXPECT_FALSE(MapCalibration().Contains(0.5, 0.5)) << "no points";
 }
 
@@ -211,10 +198,7 @@ TEST(Calibration, TheKeptCentreFollowsEveryChange) {
         const char* legend;
         void (*change)(MapCalibration&);
     } cases[] = {
-        {"a point moved",
-         [](MapCalibration& m) {
-             m.SetPoint(1, Point{1000, 0}, 13.0, 49.0);
-         }},
+        {"a point moved", [](MapCalibration& m) { m.SetPoint(1, m.GetPointPixel(1), 13.0, 49.0); }},
         {"a point deleted", [](MapCalibration& m) { m.DeletePoint(0); }},
         {"all points replaced",
          [](MapCalibration& m) {
@@ -222,14 +206,10 @@ TEST(Calibration, TheKeptCentreFollowsEveryChange) {
              const double lons[2] = {1, 2}, lats[2] = {3, 4};
              m.SetPoints(2, pixels, lons, lats);
          }},
-        {"another size",
-         [](MapCalibration& m) {
-             m.SetMapSize(Size{500, 400});
-         }},
+        {"another size", [](MapCalibration& m) { m.SetMapSize(Size(500, 400)); }},
         {"a blank image", [](MapCalibration& m) { m.CreateBlank(200, 100); }},
         {"placed automatically", [](MapCalibration& m) { m.AutoCalibrate(5, 6, 40, 41, 1.5); }},
-        {"cleared by an automatic placement without B",
-         [](MapCalibration& m) { m.AutoCalibrate(5, 0, 40, 41, 1.5); }},
+        {"placed without B: none", [](MapCalibration& m) { m.AutoCalibrate(5, 0, 40, 41, 1.5); }},
     };
     for (const auto& c : cases) {
         MapCalibration map = twoPointMap();

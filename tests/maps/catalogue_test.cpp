@@ -11,23 +11,16 @@
 
 namespace {
 
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
-
-ScannedCatalogue::ScannedCatalogue(const QString& folder, const QByteArray& cacheText,
-                                   const QString& current) {
-    writeFile(folder + "/cache.ini", cacheText);
-    catalogue.SetShowMap(true);
-    catalogue.SetMapFile(folder + '/' + current);
-    catalogue.ScanMaps();
-}
-
-namespace {
+// A catalogue scanned in `folder` (its cache.ini, or else its .kal files) with `current` the current map.
+struct ScannedCatalogue {
+    CRecordingHost host;
+    CMapCatalogue catalogue{host};
+    ScannedCatalogue(const QString& folder, const QString& current) {
+        catalogue.SetShowMap(true);
+        catalogue.SetMapFile(folder + '/' + current);
+        catalogue.ScanMaps();
+    }
+};
 
 // A cache section for a map of 1000 x 1000 pixels over lon0..lon1, lat0..lat1.
 QByteArray cacheSection(int index, const char* bitmap, double lon0, double lon1, double lat0, double lat1) {
@@ -42,12 +35,10 @@ QByteArray cacheSection(int index, const char* bitmap, double lon0, double lon1,
         .toUtf8();
 }
 
-// Three maps: "wide" over 11..12 E, 48..49 N (about 74 m a pixel), "detail" over 11.4..11.6,
-// 48.4..48.6 (about 15 m a pixel) and "away" over 20..21 E, 50..51 N.
-QByteArray threeMaps() {
-    return cacheSection(0, "wide.jpg", 11, 12, 48, 49) +
-           cacheSection(1, "detail.jpg", 11.4, 11.6, 48.4, 48.6) +
-           cacheSection(2, "away.jpg", 20, 21, 50, 51);
+// The cache of tests/data/maps/catalogue: "wide" over 11..12 E, 48..49 N (about 74 m a pixel), "detail"
+// over 11.4..11.6, 48.4..48.6 (about 15 m a pixel) and "away" over 20..21 E, 50..51 N.
+void copyThreeMaps(const TestRoot& root) {
+    ASSERT_TRUE(QFile::copy(testDataDir() + "/maps/catalogue/cache.ini", root.file("cache.ini")));
 }
 
 QStringList namesOf(const CMapCatalogue& catalogue) {
@@ -66,11 +57,8 @@ TEST(Catalogue, ScanOfKalFilesWritesTheCache) {
     const QDir inputs(testDataDir() + "/maps/kal");
     for (const QString& name : inputs.entryList(QDir::Files))
         ASSERT_TRUE(QFile::copy(inputs.filePath(name), root.file(name)));
-    CRecordingHost host;
-    CMapCatalogue catalogue(host);
-    catalogue.SetShowMap(true);
-    catalogue.SetMapFile(root.file("gaps.png"));
-    catalogue.ScanMaps();
+    ScannedCatalogue scanned(root.path(), "gaps.png");
+    CMapCatalogue& catalogue = scanned.catalogue;
     ASSERT_EQ(catalogue.Maps().size(), 3u);
     ASSERT_NE(catalogue.CurrentMap(), nullptr);
     EXPECT_EQ(catalogue.CurrentMap()->MapFile(), root.file("gaps.png"));
@@ -89,22 +77,20 @@ TEST(Catalogue, ScanOfKalFilesWritesTheCache) {
     EXPECT_EQ(catalogue.Maps().size(), 3u);
 }
 
-TEST(Catalogue, CacheSectionsEndAtTheFirstGapAndNeedTwoPoints) {
+// Skipping a section of one point is in the tool transcript (tests/data/maps).
+TEST(Catalogue, CacheSectionsEndAtTheFirstGap) {
     TestRoot root;
-    writeFile(
-        root.file("cache.ini"),
+    QFile cache(root.file("cache.ini"));
+    ASSERT_TRUE(cache.open(QIODevice::WriteOnly));
+    cache.write(
         cacheSection(0, "first.jpg", 11, 12, 48, 49) +
-            "[Map_1]\nBitmap = one-point.jpg\nSize = SIZE(10,10)\nPixel_0 = POINT(0,0)\nLong_0 = 1\nLat_0 = "
-            "2\n" +
-            "[Map_2]\nBitmap = gap.jpg\nSize = SIZE(1000,1000)\nPixel_0 = POINT(0,1000)\nLong_0 = 5\n"
-            "Lat_0 = 40\nPixel_1 = POINT(1000,0)\nLong_1 = 6\nLat_1 = 41\nPixel_3 = POINT(0,0)\nLong_3 = 5\n"
-            "Lat_3 = 41\n" +
-            "[Map_3]\nBitmap = no-size.jpg\n" + cacheSection(4, "never.jpg", 1, 2, 3, 4));
-    CRecordingHost host;
-    CMapCatalogue catalogue(host);
-    catalogue.SetShowMap(true);
-    catalogue.SetMapFile(root.file("gap.JPG"));
-    catalogue.ScanMaps();
+        "[Map_1]\nBitmap = gap.jpg\nSize = SIZE(1000,1000)\nPixel_0 = POINT(0,1000)\nLong_0 = 5\n"
+        "Lat_0 = 40\nPixel_1 = POINT(1000,0)\nLong_1 = 6\nLat_1 = 41\nPixel_3 = POINT(0,0)\nLong_3 = 5\n"
+        "Lat_3 = 41\n[Map_2]\nBitmap = no-size.jpg\n" +
+        cacheSection(3, "never.jpg", 1, 2, 3, 4));
+    cache.close();
+    ScannedCatalogue scanned(root.path(), "gap.JPG");
+    CMapCatalogue& catalogue = scanned.catalogue;
     EXPECT_EQ(namesOf(catalogue), QStringList({"first.jpg", "gap.jpg"}));
     EXPECT_EQ(catalogue.Maps()[1]->PointCount(), 2) << "point 3 after the gap is not read";
     EXPECT_EQ(catalogue.CurrentMap(), catalogue.Maps()[1].get()) << "extensions do not matter, names do";
@@ -133,20 +119,21 @@ TEST(Catalogue, CacheSectionsEndAtTheFirstGapAndNeedTwoPoints) {
     EXPECT_TRUE(catalogue.Maps().empty()) << "nothing is scanned while no image is shown";
 }
 
+// The nearer scale among containing maps, the containing map in front and the automatic change switched
+// off are in the tool transcript (tests/data/maps).
 TEST(Catalogue, SelectBestMapPrefersContainingThenScore) {
     const struct {
         const char* legend;
         double lon, lat, mpp;
         QStringList order; // the catalogue afterwards, best first
     } cases[] = {
-        {"two contain it: the nearer scale wins", 11.5, 48.5, 15, {"detail.jpg", "wide.jpg", "away.jpg"}},
         {"two contain it: 100 km of score per m/px", 11.5, 48.5, 70, {"wide.jpg", "away.jpg", "detail.jpg"}},
-        {"the containing map moves to the front", 11.7, 48.5, 15, {"wide.jpg", "detail.jpg", "away.jpg"}},
         {"none contains it: the lowest score", 15.0, 49.5, 15, {"detail.jpg", "away.jpg", "wide.jpg"}},
     };
     for (const auto& c : cases) {
         TestRoot root;
-        ScannedCatalogue scanned(root.path(), threeMaps(), "away.jpg");
+        copyThreeMaps(root);
+        ScannedCatalogue scanned(root.path(), "away.jpg");
         CMapCatalogue& catalogue = scanned.catalogue;
         CRecordingHost& host = scanned.host;
         host.m_spot = MapViewSpot{c.lon, c.lat, c.mpp};
@@ -160,24 +147,18 @@ TEST(Catalogue, SelectBestMapPrefersContainingThenScore) {
     }
 }
 
-TEST(Catalogue, SelectBestMapRescalesZoomAndHonoursAutoLoadNext) {
+TEST(Catalogue, SelectBestMapRescalesZoom) {
     TestRoot root;
-    ScannedCatalogue scanned(root.path(), threeMaps(), "wide.jpg");
+    copyThreeMaps(root);
+    ScannedCatalogue scanned(root.path(), "wide.jpg");
     CMapCatalogue& catalogue = scanned.catalogue;
     CRecordingHost& host = scanned.host;
-    const double wideMpp = catalogue.CurrentMap()->MetersPerPixel();
     catalogue.SetZoom(2.0f);
     host.m_spot = MapViewSpot{11.5, 48.5, 15.0};
 
-    catalogue.SetAutoLoadNext(false);
-    catalogue.SelectBestMap();
-    EXPECT_EQ(QFileInfo(catalogue.CurrentMap()->MapFile()).fileName(), "wide.jpg") << "off: nothing changes";
-
-    catalogue.SetAutoLoadNext(true);
     catalogue.SelectBestMap();
     const MapCalibration* detail = catalogue.CurrentMap();
     ASSERT_EQ(QFileInfo(detail->MapFile()).fileName(), "detail.jpg");
-    EXPECT_FLOAT_EQ(catalogue.Zoom(), float(2.0 / wideMpp * detail->MetersPerPixel()));
     EXPECT_NEAR(catalogue.Zoom(), 2.0 * 0.2, 0.01) << "a fifth of the ground per pixel";
 
     // Without a client rectangle the current map's own scale is wanted.
@@ -195,7 +176,6 @@ TEST(Catalogue, TitleAndMapInfo) {
                  {"/maps/", "Tarvik Map"},
                  {"/maps/b/c.jpg", "c.jpg"},
                  {"\\My Documents\\x.png", "x.png"}};
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(CMapCatalogue::TitleFor(c.mapFile), c.title) << c.mapFile;
-    }
 }

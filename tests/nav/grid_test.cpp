@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+// The Norway and Svalbard zones, a zone override and the MGRS precisions are in the tool transcript
+// (tests/data/nav); the GeoConvert oracle compares the globe, zone and band edges and the polar caps.
 TEST(Grid, UtmZonesAndErrors) {
     struct Case {
         const char* legend;
@@ -12,18 +14,11 @@ TEST(Grid, UtmZonesAndErrors) {
         int errors;
         int32_t zone; // 0: outputs left unchanged
     } cases[] = {
-        {"south-west Norway: 60N 5E is zone 32", 60 * DegToRad, 5 * DegToRad, 0, 0, 32},
-        {"Norway rule ends at 64N", 64.5 * DegToRad, 5 * DegToRad, 0, 0, 31},
-        {"Svalbard: 78N 10E is zone 33", 78 * DegToRad, 10 * DegToRad, 0, 0, 33},
-        {"Svalbard rule starts at 72N", 71.9 * DegToRad, 10 * DegToRad, 0, 0, 32},
         {"just west of 0 wraps into zone 30", 0.5, -0.0000001, 0, 0, 30},
         {"the wrap constant, 1e-10 above 2 pi, puts -1e-11 rad into zone 31", 0.5, -1e-11, 0, 0, 31},
         {"0..2pi convention: 357 deg is zone 30", -0.5, 357 * DegToRad, 0, 0, 30},
-        {"latitude and longitude both out", -81 * DegToRad, 7.0, 0, UtmError::Latitude | UtmError::Longitude,
-         0},
-        {"override by a neighbour", 0.1, 0.1, 32, 0, 32},
+        {"both out", -81 * DegToRad, 7.0, 0, UtmError::Latitude | UtmError::Longitude, 0},
         {"override 60 is a neighbour of 1; easting far out", 0.1, Pi + 0.05, 60, UtmError::Easting, 60},
-        {"override too far off", 0.1, 0.1, 34, UtmError::ZoneOverride, 0},
     };
     for (const Case& c : cases) {
         int32_t zone = 0;
@@ -44,13 +39,7 @@ TEST(Grid, MgrsReferences) {
         int errors;
         const char* mgrs;
     } cases[] = {
-        // Letters from GeoConvert; its truncated digits are 8612130438: the easting 686121.64 m rounds up
-        // here.
-        {"one metre", 48.1, 11.5, 5, 0, "32UPU8612230438"},
         {"ten kilometres", 48.1, 11.5, 1, 0, "32UPU93"},
-        {"precision 0: rounding to 100 km moves into the next square", 48.1, 11.5, 0, 0, "32UQU"},
-        {"south polar cap, band A (GeoConvert: AXS222810)", -85.0, -30.0, 3, 0, "  AXS223810"},
-        {"precision 6", 48.1, 11.5, 6, MgrsError::Precision, ""},
         {"latitude beyond the pole", 91.0, 0.0, 5, MgrsError::Latitude, ""},
     };
     for (const Case& c : cases) {

@@ -9,14 +9,14 @@
 
 TEST(DevLog, WritesOnlyWhileDevelopNamesAFile) {
     TestRoot root;
-    DevLog("not written %d", 1);
+    devLog("not written %d", 1);
     CRegistryKey key;
     key.WriteString("Develop", "\\My Documents\\dev.txt");
     QDir().mkpath(root.file("My Documents"));
-    DevLog("ver: %s", "0.1");
-    DevLog();
+    devLog("ver: %s", "0.1");
+    devLog();
     key.DeleteValue("Develop");
-    DevLog("not written either");
+    devLog("not written either");
     QFile log(root.file("My Documents/dev.txt"));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(log.readAll());

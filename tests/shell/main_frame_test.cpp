@@ -1,8 +1,8 @@
-#include "TestApplication.h"
 #include "settings/CRegistryKey.h"
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/ui/CPageView.h"
+#include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
@@ -41,12 +41,17 @@ QStringList menuLines(const QMenu* menu, const QString& prefix = QString()) {
     return lines;
 }
 
+// Every test runs in a fresh root under the one QApplication.
+class MainFrame : public testing::Test {
+protected:
+    void SetUp() override { ensureApplication(); }
+    TestRoot m_root;
+};
+
 } // namespace
 
-TEST(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
-    ensureApplication();
-    TestRoot root;
-    writeUserPage(root, "a.ini", "Meine Seite");
+TEST_F(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
+    writeUserPage(m_root, "a.ini", "Meine Seite");
     CMainFrame frame{PageFactory()};
     ASSERT_TRUE(frame.SelectPage(0x8063));
     const QList<QAction*> menus = frame.menuBar()->actions();
@@ -73,10 +78,8 @@ TEST(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
     EXPECT_FALSE(PageTable::choiceList(false).contains("Diagramme"));
 }
 
-TEST(MainFrame, SelectsPagesByName) {
-    ensureApplication();
-    TestRoot root;
-    writeUserPage(root, "a.ini", "Meine Seite");
+TEST_F(MainFrame, SelectsPagesByName) {
+    writeUserPage(m_root, "a.ini", "Meine Seite");
     const struct {
         const char* name;
         uint16_t command;
@@ -93,9 +96,7 @@ TEST(MainFrame, SelectsPagesByName) {
     }
 }
 
-TEST(MainFrame, SwitchingWritesCurrentViewAndTitle) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, SwitchingWritesCurrentViewAndTitle) {
     CMainFrame frame{PageFactory()};
     ASSERT_TRUE(frame.SelectPage(0x8056));
     EXPECT_EQ(currentView(), "Satelliten");
@@ -105,9 +106,7 @@ TEST(MainFrame, SwitchingWritesCurrentViewAndTitle) {
     EXPECT_FALSE(frame.SelectPage(0x8035)); // an empty user page slot is ignored
 }
 
-TEST(MainFrame, CommandBarFollowsThePageShown) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, CommandBarFollowsThePageShown) {
     CMainFrame frame{PageFactory()};
     const auto* bar = frame.findChild<QToolBar*>();
     const struct {
@@ -133,13 +132,11 @@ TEST(MainFrame, CommandBarFollowsThePageShown) {
     }
 }
 
-TEST(MainFrame, TakesTwentyUserPagesAtMost) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, TakesTwentyUserPagesAtMost) {
     for (int i = 0; i < 21; ++i)
-        writeUserPage(root, QStringLiteral("p%1.ini").arg(i, 2, 10, QChar('0')),
+        writeUserPage(m_root, QStringLiteral("p%1.ini").arg(i, 2, 10, QChar('0')),
                       QStringLiteral("Seite %1").arg(i));
-    writeUserPage(root, "00-nameless.ini", QString()); // skipped: no "Name" in "[Global]"
+    writeUserPage(m_root, "00-nameless.ini", QString()); // skipped: no "Name" in "[Global]"
     CMainFrame frame{PageFactory()};
     const QStringList names = frame.PageNames();
     EXPECT_TRUE(names.contains("Seite 19"));
@@ -149,9 +146,7 @@ TEST(MainFrame, TakesTwentyUserPagesAtMost) {
     EXPECT_EQ(frame.windowTitle(), "Tarvik Seite 19");
 }
 
-TEST(MainFrame, MemoryPressureKeepsTheShownPageAndDeletesTheOthers) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, MemoryPressureKeepsTheShownPageAndDeletesTheOthers) {
     CMainFrame frame{PageFactory()};
     frame.SelectPage(0x8061);
     frame.SelectPage(0x801A);
@@ -169,9 +164,7 @@ TEST(MainFrame, MemoryPressureKeepsTheShownPageAndDeletesTheOthers) {
     EXPECT_TRUE(frame.SelectPage(0x8061)); // made again on selection
 }
 
-TEST(MainFrame, TheExitCommandAlwaysCloses) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, TheExitCommandAlwaysCloses) {
     CRegistryKey().WriteDword("PreAllocKB", 64);
     CMainFrame frame{PageFactory()};
     EXPECT_EQ(frame.ReserveBlocks(), 1);
@@ -180,9 +173,7 @@ TEST(MainFrame, TheExitCommandAlwaysCloses) {
     EXPECT_EQ(closing.count(), 1);
 }
 
-TEST(MainFrame, FillsASmallScreen) {
-    ensureApplication();
-    TestRoot root;
+TEST_F(MainFrame, FillsASmallScreen) {
     CMainFrame frame{PageFactory()};
     const QRect screen = frame.screen()->availableGeometry(); // 800×600 on the offscreen platform
     ASSERT_LE(screen.width(), 1024);

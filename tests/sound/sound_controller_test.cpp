@@ -1,62 +1,70 @@
-#include "RecordingSound.h"
-#include "gps/CFendixDoc.h"
-#include "gps/NmeaLineBuilder.h"
+#include "gps/GpsFix.h"
 #include "gps/sound/SoundController.h"
-#include "platform/DeviceClock.h"
+#include "platform/NoiseMeter.h"
+#include "platform/SoundOutput.h"
 #include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 namespace {
 
-// A $GPGGA of second `second`, with or without fix, 10 m further north each second.
-QByteArray gga(int second, bool bFix) {
-    return NmeaLineBuilder("$GPGGA")
-        .text(QString::asprintf("1200%02d,4806.%04d,N,01130.0000,E,%c,08,0.9,500.0,M,47.0,M,,", second,
-                                54 * second, bFix ? '1' : '0')
-                  .toLatin1())
-        .finish();
-}
+// A sound output that keeps, in order, the file names it was asked to play, and the last volume set.
+class RecordingSound : public SoundOutput {
+public:
+    QStringList played; // file names without folder
+    uint32_t nVolume = 0xFFFFFFFF;
+    void playFile(const QString& hostPath) override { played << QFileInfo(hostPath).fileName(); }
+    void playTones(const QList<Tone>& tones, uint16_t) override {
+        played << QString("tones%1").arg(tones.size());
+    }
+    void setVolume(uint32_t volume) override { nVolume = volume; }
+    uint32_t volume() const override { return nVolume; }
+};
 
-// Runs the document over a lost and regained fix and a silent receiver; returns what was played.
-QStringList playLostFixAndSilence(bool bAlertsOn) {
-    TestRoot root;
-    CRegistryKey key;
-    for (const char* flag : {"NSSound", "SignalSound", "NoDataSound"})
-        key.WriteFlag(flag, bAlertsOn);
-    key.WriteDword("AutoReconnect", 1);
-    FixedDeviceClock clock(1779451200);
-    CFendixDoc doc(root.root(), clock);
-    doc.LoadSettings();
+// A noise meter with a level set by the test.
+class FixedNoise : public NoiseMeter {
+public:
+    int nLevel = 0;
+    bool bRunning = false;
+    void start() override { bRunning = true; }
+    void stop() override { bRunning = false; }
+    int level() const override { return bRunning ? nLevel : 0; }
+};
+
+// A controller over a recording output and a silent noise meter, in the settings of `root`.
+struct Sounds {
+    GpsFix fix;
     RecordingSound output;
     FixedNoise noise;
-    SoundController sounds(output, noise, root.root(), doc.Fix());
-    sounds.loadSettings();
-    doc.SetAlertHooks(&sounds);
-    doc.SetSourceRestart([] {});
-    for (int second = 0; second < 8; ++second) {
-        const QByteArray line = gga(second, second < 2 || second > 4);
-        doc.HandleSentence(line.constData(), int(line.size()));
-    }
-    for (int tick = 0; tick < 4; ++tick)
-        doc.OnTick();
-    return output.played;
-}
+    SoundController controller;
+    explicit Sounds(const TestRoot& root) : controller(output, noise, root.root(), fix) {}
+};
 
+// When the document calls these hooks is tested with the document (tests/gps).
 TEST(SoundController, PlaysTheAlertsThatAreOn) {
     const struct {
         const char* legend;
         bool bOn;
         const char* played;
     } cases[] = {
-        {"all alerts off: nothing, whatever happens to the fix", false, ""},
+        {"all alerts off: nothing", false, ""},
         {"fix lost, back, receiver silent", true, "Infend.wav Infbeg.wav Lowbatt.wav"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(playLostFixAndSilence(c.bOn).join(' ').toStdString(), c.played) << c.legend;
+    for (const auto& c : cases) {
+        TestRoot root;
+        for (const char* flag : {"NSSound", "SignalSound", "NoDataSound"})
+            CRegistryKey().WriteFlag(flag, c.bOn);
+        Sounds sounds(root);
+        sounds.controller.loadSettings();
+        sounds.controller.playNoFixSound();
+        sounds.controller.playSignalSound();
+        sounds.controller.playNoDataSound();
+        EXPECT_EQ(sounds.output.played.join(' ').toStdString(), c.played) << c.legend;
+    }
 }
 
 TEST(SoundController, FollowsTheSpeedOnEachValidEpoch) {
@@ -64,29 +72,24 @@ TEST(SoundController, FollowsTheSpeedOnEachValidEpoch) {
     CRegistryKey key;
     key.WriteFlag("PlaySpeedSound", true);
     key.WriteFlag("SpeedVol", true);
+    QDir().mkpath(root.file("My Documents/SpeedWaves"));
     for (const char* name : {"30.wav", "50.wav"}) {
         QFile file(root.file(QString("My Documents/SpeedWaves/") + name));
-        QDir().mkpath(root.file("My Documents/SpeedWaves"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    GpsFix fix;
-    RecordingSound output;
-    FixedNoise noise;
-    SoundController sounds(output, noise, root.root(), fix);
+    Sounds sounds(root);
     QStringList labels;
-    sounds.setVolumeLabelSink([&labels](const QString& label) { labels << label; });
-    sounds.loadSettings();
+    sounds.controller.setVolumeLabelSink([&labels](const QString& label) { labels << label; });
+    sounds.controller.loadSettings();
     for (float speed : {29.6f, 30.0f, 60.0f, 45.0f}) {
-        fix.m_fSpeed = speed;
-        sounds.validEpoch(int(speed));
+        sounds.fix.m_fSpeed = speed;
+        sounds.controller.validEpoch(int(speed));
     }
-    EXPECT_EQ(output.played.join(' ').toStdString(), "30.wav 50.wav 30.wav");
+    EXPECT_EQ(sounds.output.played.join(' ').toStdString(), "30.wav 50.wav 30.wav");
     EXPECT_EQ(labels.join('|').toStdString(),
               "10 % (0 km/h)|32 % (30 km/h)|32 % (30 km/h)|55 % (60 km/h)|43 % (45 km/h)");
-    EXPECT_EQ(output.volume(), waveVolumeOf(43));
-    uint32_t stored = 0;
-    EXPECT_TRUE(key.ReadDword("WaveVolume", stored) && stored == waveVolumeOf(43))
-        << "kept for the next start";
+    EXPECT_EQ(sounds.output.volume(), waveVolumeOf(43));
+    EXPECT_EQ(key.GetDword("WaveVolume", 0), waveVolumeOf(43)) << "kept for the next start";
 }
 
 TEST(SoundController, StartsFromTheSettingsAndMeasuresNoiseWhileDynaSoundIsSet) {

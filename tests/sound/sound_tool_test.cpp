@@ -1,3 +1,4 @@
+#include "settings/CRegistryKey.h"
 #include "support/TestRoot.h"
 #include "support/ToolRunner.h"
 
@@ -8,10 +9,7 @@ namespace {
 TEST(SoundTool, ComputesVolumesAndWritesDefaults) {
     TestRoot root;
     const QStringList rootArgs{"--root", root.path()};
-    ASSERT_EQ(runTool(rootArgs + QStringList{"reg", "set", "HKCU\\SOFTWARE\\Omvale\\Fendix", "SpeedVol",
-                                             "--type", "binary", "01"})
-                  .exitCode,
-              0);
+    CRegistryKey().WriteFlag("SpeedVol", true);
     const std::tuple<const char*, QStringList, QString> cases[] = {
         {"60 km/h of 120, muted",
          {"sound", "volume", "--speed", "60", "--mute"},

@@ -1,5 +1,10 @@
 #include "TestRoot.h"
 
+#include "settings/CRegistryKey.h"
+#include "settings/RegFile.h"
+
+#include <QRegularExpression>
+
 TestRoot::TestRoot() : m_root(m_dir.path()) {
     m_root.ensureExists();
     DeviceRoot::setCurrent(m_root);
@@ -9,4 +14,13 @@ TestRoot::TestRoot() : m_root(m_dir.path()) {
 
 TestRoot::~TestRoot() {
     RegistryHive::setCurrent(nullptr);
+}
+
+QStringList TestRoot::settingsLines() {
+    const QByteArray bytes =
+        RegFile::exportHive(*m_hive, RegistryKeyName{RegistryRoot::CurrentUser,
+                                                     QString::fromLatin1(CRegistryKey::kSettingsPath)});
+    const QString text = QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData() + 2),
+                                            (bytes.size() - 2) / 2); // behind the byte order mark
+    return text.split(QStringLiteral("\r\n")).filter(QRegularExpression(QStringLiteral("^\"")));
 }

@@ -15,6 +15,8 @@ public:
     QString file(const QString& relative) const { return m_dir.filePath(relative); }
     const DeviceRoot& root() const { return m_root; }
     RegistryHive& hive() { return *m_hive; }
+    // The value lines of the settings key as regedit writes them, e.g. "\"Speed\"=dword:000012c0".
+    QStringList settingsLines();
 
 private:
     QTemporaryDir m_dir;

@@ -34,6 +34,8 @@ TEST(ToolUsageErrors, NameTheWrongOptionOrValueFirst) {
         {{"reg", "explode"}, "explode"},
         {{"ini", "get", "x.ini", "S", "K", "--as", "blob"}, "blob"},
         {{"sound", "volume"}, "--speed"},
+        {{"poi", "nearest", "x.ov2", "--lon", "1", "--lat", "2"}, "--radius"},
+        {{"poi", "nearest", "x.ov2", "--lon", "1", "--lat", "2", "--radius", "all", "--sort", "0"}, "--sort"},
         {{"--root"}, "--root"},
         {{"--root", "", "reg", "list", "HKCU"}, "--root"},
     };

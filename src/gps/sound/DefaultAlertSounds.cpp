@@ -43,7 +43,7 @@ bool DefaultAlertSounds::install(const DeviceRoot& root) {
         const bool bWritten = QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
                               file.write(wavOf(QLatin1String(sound.pszSystemPath))) >= 0 && file.commit();
         if (!bWritten) {
-            DevLog("!!!! cannot write the alert sound %s", qPrintable(path));
+            devLog("!!!! cannot write the alert sound %s", qPrintable(path));
             bAllThere = false;
         }
     }

@@ -44,7 +44,7 @@ void DocumentSource::ShowSourceMessage(const QString& strText) {
     if (m_showMessage)
         m_showMessage(strText);
     else
-        DevLog("%s", strText.toUtf8().constData());
+        devLog("%s", strText.toUtf8().constData());
 }
 
 void DocumentSource::PrepareSourceChange(bool /*bResetStatistics*/) {

@@ -16,7 +16,7 @@ FileReadThread::FileReadThread(std::unique_ptr<QFile> file, int simulationSpeed,
       m_lines({.m_bAcceptAllTalkers = acceptAllTalkers}), m_pause(std::move(pause)) {}
 
 void FileReadThread::run(const StopEvent& stop, SentenceSink& sink) {
-    DevLog("->Start FileReadThread");
+    devLog("->Start FileReadThread");
     ReplayPacer pacer(m_nSimulationSpeed, false);
     bool stopped = false;
     auto onLine = [&](const char* line, int length) {
@@ -34,9 +34,9 @@ void FileReadThread::run(const StopEvent& stop, SentenceSink& sink) {
         if (count <= 0) break;
         m_lines.feed(buffer, static_cast<int>(count), onLine);
         if (stopped || stop.isSet()) {
-            DevLog("->Leave 2 FileReadThread");
+            devLog("->Leave 2 FileReadThread");
             return;
         }
     }
-    DevLog("->End FileReadThread");
+    devLog("->End FileReadThread");
 }

@@ -29,7 +29,7 @@ bool GpsSourceController::navigationSourceInUse() const {
 
 void GpsSourceController::updateSettings(bool bResetStatistics) {
     m_tickTimer.stop();
-    DevLog("UpdateSettings()");
+    devLog("UpdateSettings()");
     m_target.PrepareSourceChange(bResetStatistics);
     stopSource();
     if (bResetStatistics) m_bFailureShown = false;
@@ -112,7 +112,7 @@ void GpsSourceController::reportFailure(const QString& text) {
 }
 
 void GpsSourceController::showFailure(const QString& text) {
-    DevLog("!!!!%s", text.toUtf8().constData());
+    devLog("!!!!%s", text.toUtf8().constData());
     // A pulled receiver fails again at every reconnect; the user hears of it once.
     if (m_bFailureShown) return;
     m_bFailureShown = true;

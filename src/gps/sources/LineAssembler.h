@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gps/sources/TalkerRewrite.h"
+#include "gps/TalkerRewrite.h"
 
 // Cuts a byte stream into sentences, the way the receiver port is read: a "$" ends the line in
 // the buffer (so a sentence is handed on only when the next one begins, its "\r\n" included), and

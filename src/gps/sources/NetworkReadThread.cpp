@@ -18,10 +18,10 @@ NetworkReadThread::NetworkReadThread(const char* logName, Server server)
     : m_pLogName(logName), m_server(std::move(server)), m_lines(m_server.m_lines) {}
 
 void NetworkReadThread::run(const StopEvent& stop, SentenceSink& sink) {
-    DevLog("->Start %s", m_pLogName);
+    devLog("->Start %s", m_pLogName);
     auto fail = [&](const char* what, const QString& error, int leave) {
         sink.reportFailure(QString::fromLatin1(what) + error + " (" + m_server.m_strAddress + ')');
-        DevLog("->Leave %d %s", leave, m_pLogName);
+        devLog("->Leave %d %s", leave, m_pLogName);
     };
     QString host;
     int port = 0;
@@ -39,5 +39,5 @@ void NetworkReadThread::run(const StopEvent& stop, SentenceSink& sink) {
         },
         m_lines, stop, sink);
     if (!error.isEmpty()) return fail("Unable to read from the server: ", error, 5);
-    DevLog("->End %s", m_pLogName);
+    devLog("->End %s", m_pLogName);
 }

@@ -8,7 +8,7 @@ PortReadThread::PortReadThread(const QString& devicePath, int baudRate, bool acc
       m_lines({.m_bSkipSplitterData = true, .m_bAcceptAllTalkers = acceptAllTalkers}) {}
 
 void PortReadThread::run(const StopEvent& stop, SentenceSink& sink) {
-    DevLog("->Start PortReadThread");
+    devLog("->Start PortReadThread");
     // The device is named behind the system's text, so the user sees which path to fix.
     auto report = [&](const char* what, const QString& error) {
         sink.reportFailure(QString::fromLatin1(what) + error + " (" + m_strDevicePath + ')');
@@ -16,17 +16,17 @@ void PortReadThread::run(const StopEvent& stop, SentenceSink& sink) {
     SerialPort port;
     if (const QString error = port.open(m_strDevicePath); !error.isEmpty()) {
         report("Unable to open the port: ", error);
-        DevLog("->Leave 2 PortReadThread");
+        devLog("->Leave 2 PortReadThread");
         return;
     }
     if (const QString error = port.configure(m_nBaudRate); !error.isEmpty()) {
         report("Unable to configure the serial port: ", error);
-        DevLog("->Leave 3 PortReadThread");
+        devLog("->Leave 3 PortReadThread");
         return;
     }
     if (const QString error = port.setReadTimeout(kReadTimeoutMs); !error.isEmpty()) {
         report("Unable to set the time-out parameters: ", error);
-        DevLog("->Leave 4 PortReadThread");
+        devLog("->Leave 4 PortReadThread");
         return;
     }
     const QString failure = pumpStream(
@@ -34,8 +34,8 @@ void PortReadThread::run(const StopEvent& stop, SentenceSink& sink) {
         m_lines, stop, sink);
     if (!failure.isEmpty()) {
         report("Unable to read from the port: ", failure);
-        DevLog("!!!!Leave 5 PortReadThread");
+        devLog("!!!!Leave 5 PortReadThread");
         return;
     }
-    DevLog("->End PortReadThread");
+    devLog("->End PortReadThread");
 }

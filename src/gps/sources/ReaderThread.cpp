@@ -22,7 +22,7 @@ bool ReaderThread::stopAndWait(StopRounds rounds) {
         if (wait(QDeadlineTimer(rounds.m_nIntervalMs))) break;
     }
     if (!isRunning()) return true;
-    DevLog("!!!!TerminateThread");
+    devLog("!!!!TerminateThread");
     terminate();
     wait();
     return false;

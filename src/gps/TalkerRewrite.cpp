@@ -1,4 +1,4 @@
-#include "gps/sources/TalkerRewrite.h"
+#include "gps/TalkerRewrite.h"
 
 #include <cstdio>
 #include <cstring>
