@@ -5,7 +5,7 @@
 #include "nav/GeoSphere.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
-#include "shell/TestApplication.h"
+#include "support/TestApplication.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 
