@@ -27,15 +27,17 @@ bool writeAll(const QString& path, const QByteArray& bytes) {
 
 // Names and contents of every file of the data folder, in a fixed order.
 QByteArray digestOf(const QString& dataFolder) {
+    // Absolute, so that the names hashed do not depend on how the folder was named.
+    const QDir folder(QDir(dataFolder).absolutePath());
     QStringList files;
-    QDirIterator it(dataFolder, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(folder.path(), QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext())
-        files << QDir(dataFolder).relativeFilePath(it.next());
+        files << folder.relativeFilePath(it.next());
     files.sort();
     QCryptographicHash hash(QCryptographicHash::Sha256);
     for (const QString& name : files) {
         hash.addData(name.toUtf8() + '\0');
-        hash.addData(readAll(QDir(dataFolder).filePath(name)).value_or(QByteArray()) + '\0');
+        hash.addData(readAll(folder.filePath(name)).value_or(QByteArray()) + '\0');
     }
     return hash.result().toHex();
 }
