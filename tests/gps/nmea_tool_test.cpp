@@ -45,25 +45,32 @@ TEST(NmeaTool, ParsesStandardInput) {
                           "1,32,0,0,2026-03-23T01:00:30+01:00,0,0,0,0,10.2,54.7,-48\n");
 }
 
-// The same sentences with CR-only line ends read the same in every reader of logs.
-TEST(NmeaTool, ReadsCrOnlyLogsLikeAnyOther) {
+// The same sentences with CR-only line ends or in UTF-16 read the same in every reader of logs.
+TEST(NmeaTool, ReadsEveryLogEncodingLikeAnyOther) {
     TestRoot root;
     const QString lf = testDataDir() + "/replay/circle-3min.nmea";
     const QByteArray bytes = readFile(lf);
-    const QString cr =
-        writeFile(root.file("cr-only.nmea"), QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r'));
-    const auto run = [&root](QStringList args) {
-        TestRoot fresh; // each run starts from the same settings and tour
-        return runTool(QStringList{"--root", fresh.path()} + args + QStringList{"--now", kNow}).out;
+    QByteArray utf16("\xFF\xFE");
+    for (const char c : bytes)
+        utf16 += c + QByteArray(1, '\0');
+    const std::pair<const char*, QByteArray> variants[] = {
+        {"CR only", QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r')},
+        {"UTF-16 LE", utf16},
+        {"UTF-8 with byte order mark", "\xEF\xBB\xBF" + bytes},
     };
-    const int sentences = int(bytes.count('\n'));
-    for (const char* verb : {"track", "replay"}) {
-        const QStringList args =
-            verb == QByteArray("track") ? QStringList{"track", "read"} : QStringList{"replay"};
-        // Everything but the name of the track log the replay wrote.
-        const auto withoutLogFile = [](QByteArray out) { return out.left(out.indexOf("\"log_file\"")); };
-        EXPECT_EQ(withoutLogFile(run(args + QStringList{lf})), withoutLogFile(run(args + QStringList{cr})))
-            << verb;
+    const auto run = [](QStringList args) {
+        TestRoot fresh; // each run starts from the same settings and tour
+        const QByteArray out =
+            runTool(QStringList{"--root", fresh.path()} + args + QStringList{"--now", kNow}).out;
+        const qsizetype logFile = out.indexOf("\"log_file\""); // the name of the track log a replay wrote
+        return logFile < 0 ? out : out.left(logFile);
+    };
+    for (const QStringList& command :
+         {QStringList{"track", "read"}, QStringList{"replay"}, QStringList{"nmea", "parse"}}) {
+        const QByteArray expected = run(command + QStringList{lf});
+        EXPECT_GT(expected.size(), 100) << command.join(' ').toStdString();
+        for (const auto& [legend, variant] : variants)
+            EXPECT_EQ(run(command + QStringList{writeFile(root.file("variant.nmea"), variant)}), expected)
+                << legend << ": " << command.join(' ').toStdString();
     }
-    EXPECT_EQ(run({"nmea", "parse", cr}).count('\n'), sentences + 1) << "a row per sentence";
 }
