@@ -2,6 +2,7 @@
 #include "GpsToolSupport.h"
 #include "gps/GpsSettings.h"
 #include "gps/HeadlessReplay.h"
+#include "gps/LogDecoder.h"
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
 #include "settings/CRegistryKey.h"
@@ -155,7 +156,14 @@ int runReplayCommand(ToolContext& ctx, QStringList args) {
     // Mapped rather than read: a day's log is replayed in less time than copying it would take.
     const uchar* mapped = file.size() > 0 ? file.map(0, file.size()) : nullptr;
     const QByteArray copy = mapped ? QByteArray() : file.readAll();
-    const QByteArrayView log = mapped ? QByteArrayView(mapped, file.size()) : QByteArrayView(copy);
+    QByteArrayView log = mapped ? QByteArrayView(mapped, file.size()) : QByteArrayView(copy);
+    QByteArray decoded;
+    if (LogDecoder::startsWithByteOrderMark(log)) {
+        decoded = log.toByteArray();
+        decoded.truncate(
+            static_cast<qsizetype>(LogDecoder().decode(decoded.data(), static_cast<size_t>(decoded.size()))));
+        log = decoded;
+    }
     const ReplaySummary summary = replayLog(ctx.root, *clock, log);
     if (!summary.m_strLogFailure.isEmpty()) return ctx.inputError(summary.m_strLogFailure);
     printSummary(ctx, summary);

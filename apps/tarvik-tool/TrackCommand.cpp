@@ -14,7 +14,7 @@ const char* const kUsage =
     "  altitude offset of the root's settings, km/h). Without --details only points with a fix are\n"
     "  kept and quality, satellites, HDOP and speed stay 0. Times take the date of the device clock,\n"
     "  which --now fixes (default: the machine's). --set AcceptAllTalkers=1 reads the fix sentences\n"
-    "  of other talkers ($GN, $GL, $GA, $GB) as GPS ones, for this run (default: the stored setting).";
+    "  of other talkers ($GN, $GL, $GA, $GB, $IN) as GPS ones, for this run (default: the stored setting).";
 
 int readCommand(ToolContext& ctx, const QStringList& args) {
     const ToolOptions options(args, {"--now", "--set"}, {"--details"});

@@ -43,9 +43,10 @@ void LogLineSplitter::refill() {
     std::memmove(m_buffer.data(), m_buffer.data() + m_nPos, m_nEnd - m_nPos);
     m_nEnd -= m_nPos;
     m_nPos = 0;
-    const qint64 got = m_device.read(m_buffer.data() + m_nEnd, static_cast<qint64>(m_buffer.size() - m_nEnd));
+    char* free = m_buffer.data() + m_nEnd;
+    const qint64 got = m_device.read(free, static_cast<qint64>(m_buffer.size() - m_nEnd));
     if (got > 0) {
-        m_nEnd += static_cast<size_t>(got);
+        m_nEnd += m_decoder.decode(free, static_cast<size_t>(got));
         return;
     }
     m_bEnd = true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gps/LogDecoder.h"
+
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -10,6 +12,7 @@ class QIODevice;
 // `tarvik-tool nmea parse`): a line ends after "\n", after "\r\n", or after a "\r" that no "\n"
 // follows (loggers that end lines with CR only), and a longer line is handed out in pieces of
 // kMaxLineLength bytes, as a fixed 1024-byte line buffer reads it. Each line keeps its line end.
+// The bytes are decoded first (LogDecoder: UTF-16 logs, byte order marks).
 class LogLineSplitter {
 public:
     static constexpr size_t kMaxLineLength = 1023;
@@ -29,4 +32,5 @@ private:
     std::vector<char> m_buffer;
     size_t m_nPos = 0, m_nEnd = 0;
     bool m_bEnd = false, m_bFailed = false;
+    LogDecoder m_decoder;
 };

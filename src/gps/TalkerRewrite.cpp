@@ -2,14 +2,15 @@
 
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
-constexpr const char* kOtherTalkers[] = {"GN", "GL", "GA", "GB"};
+constexpr const char* kOtherTalkers[] = {"GN", "GL", "GA", "GB", "IN"};
 constexpr const char* kFixSentences[] = {"GGA", "RMC", "VTG", "GLL", "GSA"};
 
-bool isOneOf(const char* text, const char* const* names, int count, int length) {
-    for (int i = 0; i < count; ++i)
+bool isOneOf(const char* text, const char* const* names, size_t count, int length) {
+    for (size_t i = 0; i < count; ++i)
         if (std::strncmp(text, names[i], static_cast<size_t>(length)) == 0) return true;
     return false;
 }
@@ -24,8 +25,8 @@ int hexDigit(char c) {
 } // namespace
 
 bool rewriteTalkerToGp(char* line, int length) {
-    if (length < 7 || line[0] != '$' || !isOneOf(line + 1, kOtherTalkers, 4, 2) ||
-        !isOneOf(line + 3, kFixSentences, 5, 3))
+    if (length < 7 || line[0] != '$' || !isOneOf(line + 1, kOtherTalkers, std::size(kOtherTalkers), 2) ||
+        !isOneOf(line + 3, kFixSentences, std::size(kFixSentences), 3))
         return false;
     // The checksum is adjusted by what the new talker changes, not recomputed, so that a damaged
     // sentence stays damaged.

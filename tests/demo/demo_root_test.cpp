@@ -2,6 +2,7 @@
 #include "demo/DemoSpeedSounds.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -15,24 +16,12 @@ namespace {
 
 const QString kDemoData = TARVIK_SOURCE_DIR "/data/demo";
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 // A copy of the demo data that a test may change.
 void copyFolder(const QString& from, const QString& to) {
     QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString file = it.next();
-        writeFile(QDir(to).filePath(QDir(from).relativeFilePath(file)), bytesOf(file));
+        writeFile(QDir(to).filePath(QDir(from).relativeFilePath(file)), readFile(file));
     }
 }
 
@@ -75,7 +64,7 @@ TEST(DemoRoot, FillsItsOwnRootOncePerVersionOfTheData) {
     ASSERT_TRUE(prepareDemoRoot(demo.path(), data.path()));
     const DeviceRoot root(demo.path());
     const QString drive = root.hostPath("/My Documents/Demo/drive.nmea");
-    EXPECT_EQ(bytesOf(drive), bytesOf(kDemoData + "/drive.nmea"));
+    EXPECT_EQ(readFile(drive), readFile(kDemoData + "/drive.nmea"));
     for (const int speed : DemoSpeedSounds::speeds())
         EXPECT_TRUE(QFile::exists(root.hostPath(QString("/My Documents/SpeedWaves/%1.wav").arg(speed))));
     for (const char* map : {"Leutkirch.png", "Leutkirch.kal", "Allgaeu.jpg", "Allgaeu.kal"})
@@ -101,7 +90,7 @@ TEST(DemoRoot, FillsItsOwnRootOncePerVersionOfTheData) {
     }
     writeFile(data.filePath("drive.nmea"), "$Tarvik,\r\n"); // a new version of the demo
     ASSERT_TRUE(prepareDemoRoot(demo.path(), data.path()));
-    EXPECT_EQ(bytesOf(drive), "$Tarvik,\r\n");
+    EXPECT_EQ(readFile(drive), "$Tarvik,\r\n");
     {
         DemoHive hive(demo.path());
         CRegistryKey().ReadString("CurrentView", value);
@@ -152,7 +141,7 @@ TEST(DemoSpeedSounds, OneBeepMoreForEachHigherBand) {
         EXPECT_EQ(wav.startsWith("RIFF"), c.beeps > 0);
         EXPECT_EQ(beepsIn(wav), c.beeps);
         if (c.beeps > 0) {
-            EXPECT_EQ(bytesOf(kDemoData + QString("/SpeedWaves/%1.wav").arg(c.speed)), wav);
+            EXPECT_EQ(readFile(kDemoData + QString("/SpeedWaves/%1.wav").arg(c.speed)), wav);
         }
     }
 }

@@ -1,3 +1,4 @@
+#include "support/Files.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -34,78 +35,42 @@ TEST(NmeaTool, MatchesTheGoldenTables) {
     }
 }
 
-TEST(NmeaTool, AnswersEveryCall) {
+// The other calls of nmea and track are in tests/data/gps/commands.txt.
+TEST(NmeaTool, ParsesStandardInput) {
     TestRoot root;
-    const QString missing = root.file("missing.nmea");
-    struct Case {
-        const char* legend;
-        QStringList args;
-        QByteArray input;
-        int nExit;
-        QByteArray out; // empty: not checked
-    } const cases[] = {
-        {"stand-in GGA",
-         {"nmea", "gga", "--lon", "11.516666666666666", "--lat", "48.1173", "--time",
-          "2026-11-22T13:35:19+01:00", "--valid", "1", "--sats", "8"},
-         {},
-         0,
-         "$GPGGA,123519.00,4807.03800,N,01131.00000,E,1,8,1.2,0.0,M,,,,0000*0b\r\n"},
-        {"stand-in GGA without fix, south-west",
-         {"nmea", "gga", "--lon", "-0.5", "--lat", "0", "--time", "2026-11-22T00:00:00Z", "--valid", "0",
-          "--sats", "0"},
-         {},
-         0,
-         "$GPGGA,000000.00,0000.00000,S,00030.00000,W,0,0,50.0,0.0,M,,,,0000*37\r\n"},
-        {"parse from stdin, source 10",
-         {"nmea", "parse", "-", "--source", "10", "--now", kNow},
-         "$GPVTG,054.7,T,034.4,M,005.5,N,010.2,K*48\r\n",
-         0,
-         "line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset\n"
-         "1,32,0,0,2026-03-23T01:00:30+01:00,0,0,0,0,10.2,54.7,-48\n"},
-        {"help", {"nmea", "--help"}, {}, 0, {}},
-        {"track help", {"track", "read", "--help"}, {}, 0, {}},
-        {"unknown verb", {"nmea", "sing"}, {}, 2, ""},
-        {"bad --now", {"nmea", "parse", "-", "--now", "yesterday"}, {}, 2, ""},
-        {"latitude out of range",
-         {"nmea", "gga", "--lon", "0", "--lat", "91", "--time", kNow, "--valid", "1", "--sats", "1"},
-         {},
-         2,
-         ""},
-        {"no such log", {"track", "read", missing}, {}, 1, ""},
-        {"no such input", {"nmea", "parse", missing}, {}, 1, ""},
-    };
-    for (const Case& c : cases) {
-        const ToolResult result = runTool(QStringList{"--root", root.path()} + c.args, c.input);
-        EXPECT_EQ(result.exitCode, c.nExit) << c.legend << ": " << result.err.toStdString();
-        if (!c.out.isNull()) {
-            EXPECT_EQ(result.out, c.out) << c.legend;
-        }
-    }
+    const ToolResult result = runTool({"--root", root.path(), "nmea", "parse", "-", "--now", kNow},
+                                      "$GPVTG,054.7,T,034.4,M,005.5,N,010.2,K*48\r\n");
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.out, "line,code,lon,lat,time,valid,sats,hdop,alt,speed,course,alt_offset\n"
+                          "1,32,0,0,2026-03-23T01:00:30+01:00,0,0,0,0,10.2,54.7,-48\n");
 }
 
-// The same sentences with CR-only line ends read the same in every reader of logs.
-TEST(NmeaTool, ReadsCrOnlyLogsLikeAnyOther) {
+// The same sentences with CR-only line ends or in UTF-16 read the same in every reader of logs.
+TEST(NmeaTool, ReadsEveryLogEncodingLikeAnyOther) {
     TestRoot root;
-    QFile lf(testDataDir() + "/replay/circle-3min.nmea");
-    ASSERT_TRUE(lf.open(QIODevice::ReadOnly));
-    const QByteArray bytes = lf.readAll();
-    QFile cr(root.file("cr-only.nmea"));
-    ASSERT_TRUE(cr.open(QIODevice::WriteOnly));
-    cr.write(QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r'));
-    cr.close();
-    const auto run = [&root](QStringList args) {
-        TestRoot fresh; // each run starts from the same settings and tour
-        return runTool(QStringList{"--root", fresh.path()} + args + QStringList{"--now", kNow}).out;
+    const QString lf = testDataDir() + "/replay/circle-3min.nmea";
+    const QByteArray bytes = readFile(lf);
+    QByteArray utf16("\xFF\xFE");
+    for (const char c : bytes)
+        utf16 += c + QByteArray(1, '\0');
+    const std::pair<const char*, QByteArray> variants[] = {
+        {"CR only", QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r')},
+        {"UTF-16 LE", utf16},
+        {"UTF-8 with byte order mark", "\xEF\xBB\xBF" + bytes},
     };
-    const int sentences = int(bytes.count('\n'));
-    for (const char* verb : {"track", "replay"}) {
-        const QStringList args =
-            verb == QByteArray("track") ? QStringList{"track", "read"} : QStringList{"replay"};
-        // Everything but the name of the track log the replay wrote.
-        const auto withoutLogFile = [](QByteArray out) { return out.left(out.indexOf("\"log_file\"")); };
-        EXPECT_EQ(withoutLogFile(run(args + QStringList{lf.fileName()})),
-                  withoutLogFile(run(args + QStringList{cr.fileName()})))
-            << verb;
+    const auto run = [](QStringList args) {
+        TestRoot fresh; // each run starts from the same settings and tour
+        const QByteArray out =
+            runTool(QStringList{"--root", fresh.path()} + args + QStringList{"--now", kNow}).out;
+        const qsizetype logFile = out.indexOf("\"log_file\""); // the name of the track log a replay wrote
+        return logFile < 0 ? out : out.left(logFile);
+    };
+    for (const QStringList& command :
+         {QStringList{"track", "read"}, QStringList{"replay"}, QStringList{"nmea", "parse"}}) {
+        const QByteArray expected = run(command + QStringList{lf});
+        EXPECT_GT(expected.size(), 100) << command.join(' ').toStdString();
+        for (const auto& [legend, variant] : variants)
+            EXPECT_EQ(run(command + QStringList{writeFile(root.file("variant.nmea"), variant)}), expected)
+                << legend << ": " << command.join(' ').toStdString();
     }
-    EXPECT_EQ(run({"nmea", "parse", cr.fileName()}).count('\n'), sentences + 1) << "a row per sentence";
 }

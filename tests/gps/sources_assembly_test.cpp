@@ -1,6 +1,6 @@
+#include "gps/TalkerRewrite.h"
 #include "gps/sources/LineAssembler.h"
 #include "gps/sources/SourceTable.h"
-#include "gps/TalkerRewrite.h"
 
 #include <QByteArray>
 #include <QList>
@@ -75,7 +75,8 @@ TEST(SourcesAssembly, RewritesOnlyFixSentencesOfOtherTalkers) {
         {"no checksum", "$GBGLL,1", true, "$GPGLL,1"},
         {"GSV of GLONASS left alone", "$GLGSV,1,1,00*65", false, "$GLGSV,1,1,00*65"},
         {"GP unchanged", "$GPGGA,1*0E", false, "$GPGGA,1*0E"},
-        {"unknown talker unchanged", "$INGGA,1*07", false, "$INGGA,1*07"},
+        {"integrated navigation of a chart plotter", "$INGGA,1*5B", true, "$GPGGA,1*4B"},
+        {"unknown talker unchanged", "$IIVTG,1*58", false, "$IIVTG,1*58"},
         {"too short", "$GNRM", false, "$GNRM"},
     };
     for (const Case& c : cases) {

@@ -5,6 +5,7 @@
 #include "platform/PseudoTerminal.h"
 #include "settings/CRegistryKey.h"
 #include "sources_support.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -26,10 +27,7 @@ protected:
             [this](const char* line, int length, uint16_t) { m_sentences.append(QByteArray(line, length)); });
     }
     void writePositionFile(const QByteArray& text) {
-        QDir().mkpath(m_root.file("My Documents"));
-        QFile file(m_root.file("My Documents/MNPosition.txt"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        writeFile(m_root.file("My Documents/MNPosition.txt"), text);
     }
 
     // Declared before the source: sentences still handed over while it stops land here.

@@ -1,6 +1,7 @@
 #include "gps/sources/FileReadThread.h"
 #include "gps/sources/StopEvent.h"
 #include "sources_support.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>
@@ -47,10 +48,7 @@ QList<QByteArray> recordingLines(const QList<int>& indexes) {
 
 TEST(SourcesReplay, SendsGpLinesPacedByRecordedSecondsUntilTheEnd) {
     TestRoot root;
-    QFile recording(root.file("run.txt"));
-    ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
-    recording.write(kRecording);
-    recording.close();
+    const QString recording = writeFile(root.file("run.txt"), kRecording);
     // The GN sentence is dropped, the GSV cut at its "?"; the last sentence waits for a "$" that
     // never comes: the end of the file ends the replay.
     const QByteArray gsvCut = "$GPGSV,1,1,01,04,40,083,46";
@@ -74,7 +72,7 @@ TEST(SourcesReplay, SendsGpLinesPacedByRecordedSecondsUntilTheEnd) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.legend);
-        const Replayed replayed = replay(recording.fileName(), c.speed, c.acceptAllTalkers, c.stopAtPause);
+        const Replayed replayed = replay(recording, c.speed, c.acceptAllTalkers, c.stopAtPause);
         EXPECT_EQ(replayed.lines, c.lines);
         EXPECT_EQ(replayed.pauses, c.pauses);
     }

@@ -2,6 +2,7 @@
 #include "gps/sources/ReaderThread.h"
 #include "settings/CRegistryKey.h"
 #include "sources_support.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
@@ -18,11 +19,6 @@ public:
             QThread::msleep(5);
     }
 };
-
-QByteArray developerLog(const TestRoot& root) {
-    QFile log(root.file("develop.log"));
-    return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
-}
 
 TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
     ensureApplication();
@@ -49,15 +45,12 @@ TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
             deaf->start();
             endedItself = deaf->stopAndWait({.m_nRounds = 3, .m_nIntervalMs = 10});
         } else {
-            QFile recording(root.file("run.txt"));
-            ASSERT_TRUE(recording.open(QIODevice::WriteOnly));
+            QByteArray recording;
             for (int second = 0; second < 1000; ++second)
-                recording.write(QStringLiteral("$GPGGA,%1,4807.038,N,01131.000,E,1,08\r\n")
-                                    .arg(100000 + second)
-                                    .toLatin1());
-            recording.close();
+                recording += QString::asprintf("$GPGGA,%d,4807.038,N,01131.000,E,1,08\r\n", 100000 + second)
+                                 .toLatin1();
             key.WriteString("Source", "Simulate");
-            key.WriteString("File", recording.fileName());
+            key.WriteString("File", writeFile(root.file("run.txt"), recording));
             controller = std::make_unique<GpsSourceController>(target, root.root());
             controller->setReplayPause([](const StopEvent& stop, int) { return stop.isSet(); });
             controller->updateSettings(false);
@@ -68,8 +61,9 @@ TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
             endedItself = !controller->readerRunning();
         }
         EXPECT_EQ(endedItself, !c.deaf);
-        EXPECT_TRUE(developerLog(root).contains(c.expectedLogLine)) << developerLog(root).toStdString();
-        EXPECT_EQ(developerLog(root).contains("!!!!TerminateThread"), c.deaf);
+        EXPECT_TRUE(readFile(root.file("develop.log")).contains(c.expectedLogLine))
+            << readFile(root.file("develop.log")).toStdString();
+        EXPECT_EQ(readFile(root.file("develop.log")).contains("!!!!TerminateThread"), c.deaf);
     }
 }
 

@@ -28,31 +28,4 @@ TEST(SourcesTool, WatchShowsWhatTheFakeReceiverPlays) {
     EXPECT_TRUE(watched.out.contains(",98,\"$GPRMC,092912.00,"));
 }
 
-TEST(SourcesTool, RejectsBadCallsWithTheRightExitCode) {
-    TestRoot root;
-    struct Case {
-        const char* legend;
-        QStringList args;
-        int exitCode;
-        const char* err;
-    } cases[] = {
-        {"watch: splitter driver is no source",
-         {"watch", "--source", "Vantrel (Splitter Driver)"},
-         2,
-         "usage:"},
-        {"watch: port that cannot be opened",
-         {"watch", "--source", "COM4", "--device", root.file("none"), "--seconds", "1"},
-         1,
-         "Unable to open the port: "},
-        {"fake-receiver: speed 0", {"fake-receiver", "x.nmea", "--speed", "0"}, 2, "usage:"},
-        {"fake-receiver: missing log", {"fake-receiver", root.file("missing.nmea")}, 1, "cannot read"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.legend);
-        const ToolResult result = runTool(QStringList{"--root", root.path()} + c.args);
-        EXPECT_EQ(result.exitCode, c.exitCode);
-        EXPECT_TRUE(result.err.contains(c.err)) << result.err.toStdString();
-    }
-}
-
 } // namespace

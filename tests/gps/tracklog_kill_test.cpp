@@ -1,6 +1,7 @@
 #include "gps/TrackLogWriter.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/ForkedChild.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
@@ -8,7 +9,6 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -27,41 +27,29 @@ struct KillCase {
     bool tickAfterward; // the document's tick runs once in the next minute before the kill
 };
 
-// The child writes a sentence every second, says so through the pipe and waits to be killed.
-[[noreturn]] void writeAndWait(const TestRoot& root, const KillCase& c, int readyFd) {
-    RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.root().registryFile()));
-    FixedDeviceClock clock(kMay22At1158);
-    TrackLogWriter writer(root.root(), clock);
-    writer.open();
-    for (int second = c.startSecond; second < c.startSecond + c.seconds; ++second) {
-        clock.setUtcNow(kMay22At1158 + second);
-        const QByteArray line = sentenceOf(second);
-        writer.writeSentence(line.constData(), static_cast<int>(line.size()));
-    }
-    if (c.tickAfterward) {
-        clock.setUtcNow(kMay22At1158 + (c.startSecond + c.seconds) / 60 * 60 + 60);
-        writer.flushWhenMinuteTurned();
-    }
-    const char ready = 'r';
-    if (::write(readyFd, &ready, 1) != 1) _exit(1);
-    for (;;)
-        ::pause();
-}
-
+// A child writes a sentence every second and is killed once its writes returned; the log it leaves.
 QByteArray logAfterKill(const TestRoot& root, const KillCase& c) {
-    int pipeFds[2];
-    if (::pipe(pipeFds) != 0) return {};
-    const pid_t child = ::fork();
-    if (child == 0) writeAndWait(root, c, pipeFds[1]);
-    char ready = 0;
-    const bool written = ::read(pipeFds[0], &ready, 1) == 1;
+    const pid_t child = forkAndHold([&] {
+        RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.root().registryFile()));
+        FixedDeviceClock clock(kMay22At1158);
+        TrackLogWriter writer(root.root(), clock);
+        writer.open();
+        for (int second = c.startSecond; second < c.startSecond + c.seconds; ++second) {
+            clock.setUtcNow(kMay22At1158 + second);
+            const QByteArray line = sentenceOf(second);
+            writer.writeSentence(line.constData(), static_cast<int>(line.size()));
+        }
+        if (c.tickAfterward) {
+            clock.setUtcNow(kMay22At1158 + (c.startSecond + c.seconds) / 60 * 60 + 60);
+            writer.flushWhenMinuteTurned();
+        }
+    });
+    if (child <= 0) return {};
     ::kill(child, SIGKILL);
     int status = 0;
     ::waitpid(child, &status, 0);
-    ::close(pipeFds[0]);
-    ::close(pipeFds[1]);
     QFile log(root.file("My Documents/TragLog/2026-05-22_11-58.txt"));
-    if (!written || !WIFSIGNALED(status) || !log.open(QIODevice::ReadOnly)) return {};
+    if (!WIFSIGNALED(status) || !log.open(QIODevice::ReadOnly)) return {};
     return log.readAll();
 }
 

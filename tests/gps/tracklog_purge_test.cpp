@@ -2,6 +2,7 @@
 #include "gps/sources/StopEvent.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -36,9 +37,7 @@ TEST(TrackLogPurge, DeletesOnlyOldLogFiles) {
     for (const Case& c : cases) {
         TestRoot root;
         CRegistryKey().WriteDword("DelFilesOlder", static_cast<uint32_t>(c.nDelFilesOlder));
-        QDir().mkpath(root.file("My Documents/TragLog"));
-        const QString path = root.file(QString("My Documents/TragLog/") + c.name);
-        QFile(path).open(QIODevice::WriteOnly);
+        const QString path = writeFile(root.file(QString("My Documents/TragLog/") + c.name), {});
         FixedDeviceClock clock(kJan1At0000 + c.nNowAfterJan1);
         StopEvent stop;
         OldLogPurge(root.root(), clock).ThreadDelOldLog(stop, 0);
@@ -48,9 +47,7 @@ TEST(TrackLogPurge, DeletesOnlyOldLogFiles) {
 
 TEST(TrackLogPurge, EndsAtOnceWhenStoppedDuringTheWait) {
     TestRoot root;
-    QDir().mkpath(root.file("My Documents/TragLog"));
-    const QString path = root.file("My Documents/TragLog/2000-01-01_00-00.txt");
-    QFile(path).open(QIODevice::WriteOnly);
+    const QString path = writeFile(root.file("My Documents/TragLog/2000-01-01_00-00.txt"), {});
     FixedDeviceClock clock(kJan31At0000);
     StopEvent stop;
     std::thread purge = OldLogPurge::start(root.root(), clock, stop);

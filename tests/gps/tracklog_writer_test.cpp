@@ -1,6 +1,7 @@
 #include "gps/TrackLogWriter.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
@@ -12,11 +13,6 @@ constexpr int64_t kMay22At1200 = 1779451200; // 2026-05-22 12:00:00 UTC, a secon
 const QByteArray kGga = "$GPGGA,120000,4806.0,N,01130.0,E,1,08,0.9,500.0,M,47.0,M,,*4F\r\n";
 const QByteArray kRmc = "$GPRMC,120000,A,4806.0,N,01130.0,E,19.4,0.0,220526,,*2A\r\n";
 const QByteArray kVtg = "$GPVTG,0.0,T,,M,19.4,N,36.0,K*4C\r\n";
-
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
 
 void write(TrackLogWriter& writer, const QByteArray& line) {
     writer.writeSentence(line.constData(), static_cast<int>(line.size()));
@@ -52,7 +48,7 @@ TEST(TrackLogWriter, ThinsSentencesPerType) {
                 write(writer, line);
         }
         writer.close();
-        const QByteArray bytes = fileBytes(writer.path());
+        const QByteArray bytes = readFile(writer.path());
         EXPECT_EQ(bytes.count(kGga), c.nGga) << c.legend;
         EXPECT_EQ(bytes.count(kRmc), c.nRmc) << c.legend;
         EXPECT_EQ(bytes.count(kVtg), c.nVtg) << c.legend;
@@ -70,7 +66,7 @@ TEST(TrackLogWriter, NamesWritesAndOverwritesFiles) {
     clock.setUtcNow(kMay22At1200 + 50);
     ASSERT_TRUE(writer.open()) << "a second run within the same minute";
     writer.close();
-    const QByteArray header = fileBytes(writer.path());
+    const QByteArray header = readFile(writer.path());
     EXPECT_EQ(header.size(), 266) << "the first run's sentence is overwritten";
     EXPECT_TRUE(header.startsWith("$Tarvik," + QByteArray(256, ' ') + "\r\n"));
 }
@@ -86,8 +82,7 @@ TEST(TrackLogWriter, StaysOffWhenSwitchedOffOrUnwritable) {
     };
     for (const Case& c : cases) {
         TestRoot root;
-        QFile blocker(root.file("blocker"));
-        ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+        writeFile(root.file("blocker"), {});
         CRegistryKey key;
         key.WriteDword("LogDelay", static_cast<uint32_t>(c.nLogDelay));
         key.WriteString("LogDirectory", c.directory);
@@ -110,15 +105,15 @@ TEST(TrackLogWriter, FlushesInTheFirstSecondOfAMinuteAndReopens) {
     TrackLogWriter writer(root.root(), clock);
     ASSERT_TRUE(writer.open());
     write(writer, kGga);
-    EXPECT_EQ(fileBytes(writer.path()).size(), 0) << "second 58: still in the buffer";
+    EXPECT_EQ(readFile(writer.path()).size(), 0) << "second 58: still in the buffer";
     clock.setUtcNow(kMay22At1200);
     write(writer, kRmc);
-    EXPECT_EQ(fileBytes(writer.path()).size(), 266 + kGga.size() + kRmc.size()) << "second 0: flushed";
+    EXPECT_EQ(readFile(writer.path()).size(), 266 + kGga.size() + kRmc.size()) << "second 0: flushed";
     writer.close();
     write(writer, kVtg);
     write(writer, kGga);
     writer.close();
-    EXPECT_TRUE(fileBytes(writer.path()).endsWith(kRmc + kGga)) << "reopened at its end; VTG is not listed";
+    EXPECT_TRUE(readFile(writer.path()).endsWith(kRmc + kGga)) << "reopened at its end; VTG is not listed";
 }
 
 } // namespace

@@ -16,52 +16,8 @@ MapCalibration twoPointMap() {
 
 } // namespace
 
-// The fits' matrices, boxes and scales and a conversion each way are in the tool transcript
-// (tests/data/maps); these are the roundings and the projective centre.
-TEST(Calibration, TwoPointsScaleEachAxisOnItsOwn) {
-    const MapCalibration map = twoPointMap();
-    ASSERT_TRUE(map.Verify());
-    const struct {
-        const char* legend;
-        double lon, lat;
-        Point pixel;
-    } cases[] = {
-        {"x ignores the latitude (bottom)", 11.25, 48.0, {250, 800}},
-        {"x ignores the latitude (top)", 11.25, 49.0, {250, 0}},
-        {"y ignores the longitude", 11.9, 48.25, {900, 600}},
-        {"0.4 rounds down", 11.0004, 48.9995, {0, 0}},
-        {"0.6 rounds up", 11.0006, 48.99925, {1, 1}},
-        {"-0.6 + 0.5 truncates toward zero, to 0", 10.9994, 49.00075, {0, 0}},
-        {"-1.6 + 0.5 truncates to -1", 10.9984, 49.002, {-1, -1}},
-        {"far outside saturates at the 32-bit limits", 1e10, -1e10, {2147483647, 2147483647}},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-}
-
-TEST(Calibration, FourPointsMapATrapezoidProjectively) {
-    // The rectangle 11..12 E, 48..49 N onto a trapezoid narrower at the top.
-    MapCalibration map;
-    map.SetMapSize(Size{1000, 800});
-    const Point pixels[4] = {{100, 0}, {900, 0}, {1000, 800}, {0, 800}};
-    const double lons[4] = {11, 12, 12, 11}, lats[4] = {49, 49, 48, 48};
-    ASSERT_EQ(map.SetPoints(4, pixels, lons, lats), 1);
-    EXPECT_TRUE(map.Verify());
-    const struct {
-        const char* legend;
-        double lon, lat;
-        Point pixel;
-    } cases[] = {
-        {"each corner to the exact pixel", 12, 48, {1000, 800}},
-        {"middle of the top edge", 11.5, 49, {500, 0}},
-        {"middle of the bottom edge", 11.5, 48, {500, 800}},
-        // Projectively the centre is where the diagonals cross (y = 355.6); an affine fit gives 400.
-        {"centre", 11.5, 48.5, {500, 356}},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(map.GeoToPixel(c.lon, c.lat), c.pixel) << c.legend;
-}
-
+// The fits' matrices, boxes and scales, the roundings, Contains and the projective centre are in the
+// tool transcript (tests/data/maps).
 TEST(Calibration, SetPointLowersTheIndexAndRefits) {
     const struct {
         const char* legend;
@@ -110,23 +66,6 @@ TEST(Calibration, DeletePointShiftsAndKeepsThePlaceholder) {
     EXPECT_EQ(three.GetPointPixel(0), (Point{1000, 0}));
     EXPECT_EQ(three.GetPointPixel(1), (Point{1000, 800}));
     EXPECT_FALSE(three.Verify()) << "two points on one meridian are refitted and fail";
-}
-
-TEST(Calibration, ContainsCountsFromColumnAndRowOne) {
-    const MapCalibration map = twoPointMap(); // one pixel is 0.001 deg of longitude, 0.00125 of latitude
-    const struct {
-        const char* legend;
-        double lon, lat;
-        bool contained;
-    } cases[] = {
-        {"column 0", 11.0, 48.5, false},    {"column 1", 11.001, 48.5, true},
-        {"column 999", 11.999, 48.5, true}, {"column 1000", 12.0, 48.5, false},
-        {"row 0", 11.5, 49.0, false},       {"row 1", 11.5, 48.99875, true},
-        {"row 799", 11.5, 48.00125, true},  {"row 800", 11.5, 48.0, false},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(map.Contains(c.lon, c.lat), c.contained) << c.legend;
-    EXPECT_FALSE(MapCalibration().Contains(0.5, 0.5)) << "no points";
 }
 
 TEST(Calibration, SetPointsNeedsTwoAndLeavesTheModifiedFlag) {
@@ -182,6 +121,7 @@ TEST(Calibration, CentreAndBlankImage) {
     MapCalibration map;
     double lon = 1, lat = 1;
     EXPECT_EQ(map.GetCentre(lon, lat), 0);
+    EXPECT_FALSE(map.Contains(0.5, 0.5)) << "no points";
     EXPECT_EQ(lon, 0.0);
     EXPECT_EQ(lat, 0.0);
     ASSERT_TRUE(map.CreateBlank(61, 40));

@@ -1,5 +1,6 @@
 #include "RecordingHost.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -63,10 +64,8 @@ TEST(Catalogue, ScanOfKalFilesWritesTheCache) {
     ASSERT_NE(catalogue.CurrentMap(), nullptr);
     EXPECT_EQ(catalogue.CurrentMap()->MapFile(), root.file("gaps.png"));
 
-    QFile cache(root.file("cache.ini"));
-    ASSERT_TRUE(cache.open(QIODevice::ReadOnly));
-    QStringList sections =
-        QString::fromUtf8(cache.readAll()).split(QRegularExpression("\\[Map_\\d+\\]\n"), Qt::SkipEmptyParts);
+    QStringList sections = QString::fromUtf8(readFile(root.file("cache.ini")))
+                               .split(QRegularExpression("\\[Map_\\d+\\]\n"), Qt::SkipEmptyParts);
     sections.sort();
     expectMatchesGolden(testDataDir() + "/maps/kal-cache.ini.out",
                         sections.join("[Map_?]\n").prepend("[Map_?]\n").toUtf8());
@@ -80,15 +79,13 @@ TEST(Catalogue, ScanOfKalFilesWritesTheCache) {
 // Skipping a section of one point is in the tool transcript (tests/data/maps).
 TEST(Catalogue, CacheSectionsEndAtTheFirstGap) {
     TestRoot root;
-    QFile cache(root.file("cache.ini"));
-    ASSERT_TRUE(cache.open(QIODevice::WriteOnly));
-    cache.write(
+    writeFile(
+        root.file("cache.ini"),
         cacheSection(0, "first.jpg", 11, 12, 48, 49) +
-        "[Map_1]\nBitmap = gap.jpg\nSize = SIZE(1000,1000)\nPixel_0 = POINT(0,1000)\nLong_0 = 5\n"
-        "Lat_0 = 40\nPixel_1 = POINT(1000,0)\nLong_1 = 6\nLat_1 = 41\nPixel_3 = POINT(0,0)\nLong_3 = 5\n"
-        "Lat_3 = 41\n[Map_2]\nBitmap = no-size.jpg\n" +
-        cacheSection(3, "never.jpg", 1, 2, 3, 4));
-    cache.close();
+            "[Map_1]\nBitmap = gap.jpg\nSize = SIZE(1000,1000)\nPixel_0 = POINT(0,1000)\nLong_0 = 5\n"
+            "Lat_0 = 40\nPixel_1 = POINT(1000,0)\nLong_1 = 6\nLat_1 = 41\nPixel_3 = POINT(0,0)\nLong_3 = 5\n"
+            "Lat_3 = 41\n[Map_2]\nBitmap = no-size.jpg\n" +
+            cacheSection(3, "never.jpg", 1, 2, 3, 4));
     ScannedCatalogue scanned(root.path(), "gap.JPG");
     CMapCatalogue& catalogue = scanned.catalogue;
     EXPECT_EQ(namesOf(catalogue), QStringList({"first.jpg", "gap.jpg"}));

@@ -3,6 +3,7 @@
 #include "maps/MapImport.h"
 #include "maps/OziMapFile.h"
 #include "maps/WorldFile.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 
 #include <QDir>
@@ -134,10 +135,7 @@ TEST_F(GdalOracle, ExportsReadBackInGdal) {
     MapImport imported;
     QString error;
     ASSERT_TRUE(ImportOziMap(file("ozi.map"), QString(), imported, error)) << error.toStdString();
-    QFile ozi(file("exported.map"));
-    ASSERT_TRUE(ozi.open(QIODevice::WriteOnly));
-    ozi.write(WriteOziMap(imported.calibration));
-    ozi.close();
+    writeFile(file("exported.map"), WriteOziMap(imported.calibration));
     expectAgreement("OziExplorer export", file("exported.map"), "", imported);
 
     // A two-point calibration as a world file beside a copy of the image.
@@ -148,10 +146,7 @@ TEST_F(GdalOracle, ExportsReadBackInGdal) {
     two.SetPoint(1, Point{400, 0}, 8.4, 47.3);
     const auto world = WriteWorldFile(two);
     ASSERT_TRUE(world.has_value());
-    QFile pgw(file("two.pgw"));
-    ASSERT_TRUE(pgw.open(QIODevice::WriteOnly));
-    pgw.write(*world);
-    pgw.close();
+    writeFile(file("two.pgw"), *world);
     MapImport exported;
     exported.calibration = two;
     expectAgreement("world file export", file("two.png"), "", exported);

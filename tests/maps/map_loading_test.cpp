@@ -1,5 +1,6 @@
 #include "RecordingHost.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 
@@ -24,8 +25,7 @@ QString writeCalibratedMap(const TestRoot& root, const QString& name) {
 }
 
 QString developerLog(const TestRoot& root) {
-    QFile log(root.file("dev.log"));
-    return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
+    return QString::fromUtf8(readFile(root.file("dev.log")));
 }
 
 } // namespace
@@ -116,12 +116,10 @@ TEST(MapLoading, OpenMapRebuildsTheCacheAndRemembersTheMap) {
     TestRoot root;
     const QString first = writeCalibratedMap(root, "first.png");
     const QString second = writeCalibratedMap(root, "second.png");
-    QFile stale(root.file("cache.ini"));
-    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
-    stale.write(
+    writeFile(
+        root.file("cache.ini"),
         "[Map_0]\nBitmap = first.png\nSize = SIZE(300,200)\nPixel_0 = POINT(0,200)\nLong_0 = 11\nLat_0 = 48\n"
         "Pixel_1 = POINT(300,0)\nLong_1 = 12\nLat_1 = 49\n");
-    stale.close();
 
     CRecordingHost host;
     CMapCatalogue catalogue(host);

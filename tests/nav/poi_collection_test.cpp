@@ -1,6 +1,7 @@
 #include "nav/poi/PoiCollection.h"
 #include "nav/poi/PoiLoader.h"
 #include "nav/poi/PoiSettings.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QCoreApplication>
@@ -11,13 +12,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile out(path);
-    out.open(QIODevice::WriteOnly);
-    out.write(bytes);
-}
 
 // `count` points a line, east of 0.1 deg so that all are listed.
 QByteArray ascPoints(int count) {

@@ -2,6 +2,7 @@
 #include "nav/poi/Ov2Reader.h"
 #include "nav/poi/Ov2Writer.h"
 #include "nav/poi/PoiConversion.h"
+#include "support/Files.h"
 
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -174,13 +175,10 @@ TEST(PoiConversion, GpsbabelReadsTheWrittenFiles) {
                  {PoiFormat::Asc, "tomtom_asc", "p.asc", 4},
                  {PoiFormat::Gpx, "gpx", "p.gpx", 0}};
     for (const auto& c : cases) {
-        QFile out(dir.filePath(c.file));
-        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
         const QByteArray written = WriteNamedPois(points, c.format);
-        out.write(written);
-        out.close();
+        const QString path = writeFile(dir.filePath(c.file), written);
         NamedPois ours = readBack(written, c.format);
         ours.erase(ours.begin(), ours.begin() + c.headerLines);
-        expectSamePoints(gpsbabelPoints(c.babelFormat, out.fileName()), ours, 0.6e-6, c.babelFormat);
+        expectSamePoints(gpsbabelPoints(c.babelFormat, path), ours, 0.6e-6, c.babelFormat);
     }
 }

@@ -1,6 +1,7 @@
 #include "nav/GeoSphere.h"
 #include "nav/poi/NearestPois.h"
 #include "nav/poi/PoiSort.h"
+#include "support/Files.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -116,10 +117,8 @@ TEST(PoiNearest, LongitudeOrderSearchEqualsTestingEveryPoint) {
 
 TEST(PoiNearest, NamesAreReadOnlyWhenAsked) {
     QTemporaryDir dir;
-    QFile out(dir.filePath("p.ov2")); // the names are read wherever the offsets say, whatever the format
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write("xxxxxxxxxxxxxxx\nBahnhof\n");
-    out.close();
+    // The names are read wherever the offsets say, whatever the format.
+    writeFile(dir.filePath("p.ov2"), "xxxxxxxxxxxxxxx\nBahnhof\n");
     PoiFile file = fileOf({pointAt(1.0, 10.0, 16), pointAt(2.0, 10.0, 0)});
     file.m_strFolder = dir.path();
     const std::vector<PoiHit> without = FindNearestPois({&file}, kLon0, kLat0, "25 km", false);

@@ -2,6 +2,7 @@
 #include "nav/poi/Ov2Reader.h"
 #include "nav/poi/PoiName.h"
 #include "nav/poi/PoiSort.h"
+#include "support/Files.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -202,11 +203,7 @@ TEST(PoiNames, ReadFromTheFileInOnePass) {
     offsets.push_back(uint32_t(bytes.size() - 3)); // a name cut by the end of the file
     std::shuffle(offsets.begin() + 2, offsets.end(), std::mt19937(1));
     QTemporaryDir dir;
-    QFile out(dir.filePath("names.ov2"));
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(bytes);
-    out.close();
-    const std::vector<QByteArray> names = ReadPoiNames(out.fileName(), offsets);
+    const std::vector<QByteArray> names = ReadPoiNames(writeFile(dir.filePath("names.ov2"), bytes), offsets);
     ASSERT_EQ(names.size(), offsets.size());
     for (size_t i = 0; i < offsets.size(); ++i)
         EXPECT_EQ(names[i], PoiNameAt(bytes, offsets[i])) << offsets[i];

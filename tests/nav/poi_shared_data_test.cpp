@@ -1,6 +1,7 @@
 #include "GpsbabelOracle.h"
 #include "nav/poi/PoiFile.h"
 #include "nav/poi/PoiName.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 
 #include <QFile>
@@ -8,15 +9,6 @@
 #include <gtest/gtest.h>
 
 // The real POI files in ../shared/data, written by other programs; skipped when that folder is absent.
-
-namespace {
-
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 TEST(PoiSharedData, ReadsThePointsGpsbabelReads) {
     const auto shared = sharedDataDir();
@@ -39,7 +31,7 @@ TEST(PoiSharedData, ReadsThePointsGpsbabelReads) {
     };
     for (const auto& c : cases) {
         const QString path = *shared + '/' + c.file;
-        const QByteArray bytes = fileBytes(path);
+        const QByteArray bytes = readFile(path);
         const std::vector<PoiEntry> ours = ReadPoiEntries(bytes, path, PoiReading::Complete);
         const NamedPois theirs = gpsbabelPoints(c.format, path);
         ASSERT_EQ(ours.size(), theirs.size()) << c.file;
@@ -75,7 +67,7 @@ TEST(PoiSharedData, ListsThePointsTheProgramKeeps) {
     for (const auto& c : cases) {
         const QString path = *shared + '/' + c.file;
         PoiFile file{c.file, *shared, {}, true, {}};
-        EXPECT_EQ(ReadPoiEntries(fileBytes(path), path, PoiReading::Complete).size(), c.inFile) << c.file;
+        EXPECT_EQ(ReadPoiEntries(readFile(path), path, PoiReading::Complete).size(), c.inFile) << c.file;
         ASSERT_EQ(LoadPoiFile(file), int(c.listed)) << c.file;
         EXPECT_TRUE(std::ranges::is_sorted(file.m_entries, {}, &PoiEntry::m_dLon)) << c.file;
         EXPECT_NEAR(file.m_entries[0].m_dLon, c.firstLon, 1e-9) << c.file;
@@ -84,7 +76,7 @@ TEST(PoiSharedData, ListsThePointsTheProgramKeeps) {
             << c.file;
     }
     // The first point follows four skipped header lines: its name offset, 21, points into the first one.
-    const QByteArray asc = fileBytes(*shared + "/asc/gpsbabel-tomtom_poi.asc");
+    const QByteArray asc = readFile(*shared + "/asc/gpsbabel-tomtom_poi.asc");
     EXPECT_EQ(PoiNameAt(asc, ReadPoiEntries(asc, "x.asc", PoiReading::AsListed).at(0).m_nNameOffset),
               "ces of Interest");
 }

@@ -59,25 +59,9 @@ TEST(IniFile, TheEmptySectionStartsOnTheSecondLine) {
     EXPECT_FALSE(ini.ReadString("", "c", value));
 }
 
-TEST(IniFile, TypedReaders) {
-    CIniFile ini =
-        iniOf("[G]\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nflag0 = 0\nd = 48,13548\nc = Color(9)\n"
-              "b = 257\nm = a\xEF\xBF\xA7|b\nl = a\"b\"c\nl2 = a\"b\"\n");
-    const struct {
-        const char* key;
-        bool expected;
-    } flags[] = {{"flagT", false}, {"flag2", true}, {"flagU", true}, {"flag0", false}};
-    for (const auto& f : flags) {
-        bool value = !f.expected;
-        ASSERT_TRUE(ini.ReadBool("G", f.key, value));
-        EXPECT_EQ(value, f.expected) << f.key;
-    }
-    double d = 0;
-    float f = 0;
-    EXPECT_TRUE(ini.ReadDouble("G", "d", d));
-    EXPECT_DOUBLE_EQ(d, 48.13548);
-    EXPECT_TRUE(ini.ReadFloat("G", "d", f));
-    EXPECT_EQ(f, 48.0f); // the float reader does not accept the comma
+// The typed readers through the tool are in tests/data/settings/commands.txt; these have no kind there.
+TEST(IniFile, TypedReadersWithoutAToolKind) {
+    CIniFile ini = iniOf("[G]\nc = Color(9)\nb = 257\nm = a\xEF\xBF\xA7|b\n");
     Colour colour = 0x123456;
     EXPECT_TRUE(ini.ReadColour("G", "c", colour));
     EXPECT_EQ(colour, 0x123456u); // incomplete colour leaves the caller's value
@@ -87,14 +71,6 @@ TEST(IniFile, TypedReaders) {
     QString multi;
     EXPECT_TRUE(ini.ReadMultiLine("G", "m", multi));
     EXPECT_EQ(multi, "a\r\nb");
-    QStringList list{"old"};
-    EXPECT_TRUE(ini.ReadStringList("G", "l", list));
-    EXPECT_EQ(list, (QStringList{"a", "b", "c"}));
-    EXPECT_TRUE(ini.ReadStringList("G", "l2", list));
-    EXPECT_EQ(list, (QStringList{"a", "b"}));
-    int32_t untouched = 77;
-    EXPECT_FALSE(ini.ReadInt("G", "missing", untouched));
-    EXPECT_EQ(untouched, 77);
 }
 
 TEST(IniFile, WriterPlacesNewKeysRightAfterTheHeader) {

@@ -1,4 +1,6 @@
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
+#include "support/ForkedChild.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -7,35 +9,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-// Runs `body` in a forked child that then waits to be killed; returns its pid once the child has
-// reported through a pipe that its writes returned.
-pid_t forkWriter(const std::function<void()>& body) {
-    int ready[2];
-    if (pipe(ready) != 0) return -1;
-    const pid_t pid = fork();
-    if (pid == 0) {
-        close(ready[0]);
-        body();
-        const char done = 1;
-        (void)!write(ready[1], &done, 1);
-        for (;;)
-            pause();
-    }
-    close(ready[1]);
-    char done = 0;
-    (void)!read(ready[0], &done, 1);
-    close(ready[0]);
-    return pid;
-}
-
-} // namespace
-
 TEST(RegistryHive, AReportedWriteSurvivesSigkill) {
     QTemporaryDir dir;
     const QString file = dir.filePath("registry.db");
-    const pid_t child = forkWriter([&] {
+    const pid_t child = forkAndHold([&] {
         RegistryHive::setCurrent(std::make_shared<RegistryHive>(file));
         CRegistryKey key;
         key.WriteString("CurrentView", "Kartenanzeige3");
@@ -86,15 +63,11 @@ TEST(RegistryHive, TwoProcessesWritingAtOnceLoseNothing) {
 TEST(RegistryHive, ADamagedFileIsSetAsideAndDefaultsApply) {
     QTemporaryDir dir;
     const QString file = dir.filePath("registry.db");
-    QFile damaged(file);
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    damaged.write(QByteArray(8192, 'x'));
-    damaged.close();
+    writeFile(file, QByteArray(8192, 'x'));
     auto hive = std::make_shared<RegistryHive>(file);
     ASSERT_FALSE(hive->setAsidePath().isEmpty());
-    QFile kept(hive->setAsidePath());
-    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-    EXPECT_EQ(kept.readAll(), QByteArray(8192, 'x')); // the user's bytes are kept, not deleted
+    EXPECT_EQ(readFile(hive->setAsidePath()),
+              QByteArray(8192, 'x')); // the user's bytes are kept, not deleted
     RegistryHive::setCurrent(hive);
     CRegistryKey key;
     EXPECT_EQ(key.GetDword("Speed", 4800), 4800u);

@@ -2,6 +2,7 @@
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/ui/CPageView.h"
+#include "support/Files.h"
 #include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
@@ -15,10 +16,9 @@
 namespace {
 
 void writeUserPage(const TestRoot& root, const QString& file, const QString& name) {
-    QFile out(root.root().programFolder() + '/' + file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(name.isEmpty() ? QByteArray("[Global]\nColor = 1\n")
-                             : ("[Global]\nName = " + name.toUtf8() + "\n"));
+    writeFile(root.root().programFolder() + '/' + file, name.isEmpty()
+                                                            ? QByteArray("[Global]\nColor = 1\n")
+                                                            : ("[Global]\nName = " + name.toUtf8() + "\n"));
 }
 
 QString currentView() {

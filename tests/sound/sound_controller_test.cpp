@@ -3,6 +3,7 @@
 #include "platform/NoiseMeter.h"
 #include "platform/SoundOutput.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -72,11 +73,8 @@ TEST(SoundController, FollowsTheSpeedOnEachValidEpoch) {
     CRegistryKey key;
     key.WriteFlag("PlaySpeedSound", true);
     key.WriteFlag("SpeedVol", true);
-    QDir().mkpath(root.file("My Documents/SpeedWaves"));
-    for (const char* name : {"30.wav", "50.wav"}) {
-        QFile file(root.file(QString("My Documents/SpeedWaves/") + name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
+    for (const char* name : {"30.wav", "50.wav"})
+        writeFile(root.file(QString("My Documents/SpeedWaves/") + name), {});
     Sounds sounds(root);
     QStringList labels;
     sounds.controller.setVolumeLabelSink([&labels](const QString& label) { labels << label; });

@@ -1,5 +1,6 @@
 #include "gps/sound/SpeedSoundTable.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -8,12 +9,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-void touch(const QString& path) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-}
 
 // The file names played for a sequence of speeds, "-" where nothing plays.
 QString playSpeeds(SpeedSoundTable& table, std::initializer_list<int> speeds) {
@@ -28,7 +23,7 @@ QString playSpeeds(SpeedSoundTable& table, std::initializer_list<int> speeds) {
 TEST(SpeedSounds, PlaysEachNewBandOnce) {
     TestRoot root;
     for (const char* name : {"30.wav", "50.wav", "100.wav", "400.wav", "x.wav", "70.txt"})
-        touch(root.file(QString("My Documents/SpeedWaves/") + name));
+        writeFile(root.file(QString("My Documents/SpeedWaves/") + name), {});
     CRegistryKey key;
     key.WriteFlag("PlaySpeedSound", true);
     SpeedSoundTable table;

@@ -1,5 +1,6 @@
 #include "gps/sound/DefaultAlertSounds.h"
 #include "platform/ToneSynth.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
@@ -60,17 +61,14 @@ TEST(ToneSynth, RendersTonesOfTheirFrequency) {
 
 TEST(DefaultAlertSounds, WritesMissingFilesOnly) {
     TestRoot root;
-    QDir().mkpath(root.file("windows"));
-    QFile own(root.file("windows/Infbeg.wav"));
-    ASSERT_TRUE(own.open(QIODevice::WriteOnly) && own.write("mine") == 4);
-    own.close();
+    writeFile(root.file("windows/Infbeg.wav"), "mine");
     ASSERT_TRUE(DefaultAlertSounds::install(root.root()));
     for (const char* name : {"Infend.wav", "Infbeg.wav", "Lowbatt.wav"}) {
-        QFile file(root.file(QString("windows/") + name));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
         const QByteArray generated = DefaultAlertSounds::wavOf(QString("\\windows\\") + name);
         EXPECT_GT(generated.size(), 44 + 22050) << name << ": half a second or more";
-        EXPECT_EQ(file.readAll(), QString(name) == "Infbeg.wav" ? "mine" : generated) << name;
+        EXPECT_EQ(readFile(root.file(QString("windows/") + name)),
+                  QString(name) == "Infbeg.wav" ? "mine" : generated)
+            << name;
     }
     EXPECT_NE(DefaultAlertSounds::wavOf("\\windows\\Infend.wav"),
               DefaultAlertSounds::wavOf("\\windows\\Infbeg.wav"));

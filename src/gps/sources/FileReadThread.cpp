@@ -32,7 +32,7 @@ void FileReadThread::run(const StopEvent& stop, SentenceSink& sink) {
     for (;;) {
         const qint64 count = m_pFile->read(buffer, sizeof buffer);
         if (count <= 0) break;
-        m_lines.feed(buffer, static_cast<int>(count), onLine);
+        m_lines.feed(buffer, static_cast<int>(m_decoder.decode(buffer, static_cast<size_t>(count))), onLine);
         if (stopped || stop.isSet()) {
             devLog("->Leave 2 FileReadThread");
             return;

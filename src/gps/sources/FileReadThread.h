@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gps/LogDecoder.h"
 #include "gps/sources/LineAssembler.h"
 #include "gps/sources/SentenceReader.h"
 
@@ -8,7 +9,7 @@
 #include <memory>
 
 // Replays a recorded log as live data: only "$GP" sentences, paced by their time stamps
-// (ReplayPacer), ended by the end of the file; a replay does not loop.
+// (ReplayPacer), ended by the end of the file; a replay does not loop. UTF-16 logs are decoded.
 class FileReadThread : public SentenceReader {
 public:
     // Waits `milliseconds` unless the stop event is set first; true when it is set. Injected so
@@ -25,6 +26,7 @@ public:
 private:
     std::unique_ptr<QFile> m_pFile;
     int m_nSimulationSpeed;
+    LogDecoder m_decoder;
     LineAssembler m_lines;
     Pause m_pause;
 };

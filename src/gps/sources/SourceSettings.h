@@ -12,7 +12,7 @@ inline constexpr Setting<int32_t> kSimulationSpeed{"SimulationSpeed", 1, true}; 
 inline constexpr Setting<bool> kMnPriority{"MN Priority", false, false};
 // Seconds without data before the source is restarted; 0 switches the restart off.
 inline constexpr Setting<int32_t> kAutoReconnect{"AutoReconnect", 5, false};
-// Take "$GN", "$GL", "$GA", "$GB" fix sentences as "$GP" (see TalkerRewrite.h).
+// Take "$GN", "$GL", "$GA", "$GB", "$IN" fix sentences as "$GP" (see TalkerRewrite.h).
 inline constexpr Setting<bool> kAcceptAllTalkers{"AcceptAllTalkers", false, false};
 inline constexpr Setting<const char*> kGpsdHost{"GpsdHost", "localhost:2947", false};
 inline constexpr Setting<const char*> kNmeaTcpHost{"NmeaTcpHost", "localhost:10110", false};

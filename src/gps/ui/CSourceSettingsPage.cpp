@@ -69,7 +69,7 @@ QWidget* CSourceSettingsPage::BuildForm() {
     m_pGpsdHost = new QLineEdit(form);
     m_pTcpHost = new QLineEdit(form);
     m_pAcceptAllTalkers =
-        new QCheckBox(QStringLiteral("Alle Talker ($GN, $GL, $GA, $GB) als $GP lesen"), form);
+        new QCheckBox(QStringLiteral("Alle Talker ($GN, $GL, $GA, $GB, $IN) als $GP lesen"), form);
     m_pSpeed = new QComboBox(form);
     m_pSpeed->setEditable(true);
     m_pSpeed->setMinimumHeight(34);

@@ -1,15 +1,12 @@
-#pragma once
+#include "ToolTranscript.h"
 
-#include "support/ToolRunner.h"
+#include "ToolRunner.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
-// Runs `dataFolder`/commands.txt: each line one tarvik-tool call, its arguments separated by tabs ("#"
-// lines are legends), all with one scratch --root; "$DIR" stands for a scratch copy of the folder's
-// subfolders. Gives the transcript of calls, output, first line of stderr and exit codes.
-inline QByteArray toolTranscript(const QString& dataFolder) {
+QByteArray toolTranscript(const QString& dataFolder) {
     QTemporaryDir root, scratch;
     const QDir data(dataFolder);
     for (const QString& sub : data.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
@@ -19,7 +16,9 @@ inline QByteArray toolTranscript(const QString& dataFolder) {
     }
     QFile file(data.filePath("commands.txt"));
     if (!file.open(QIODevice::ReadOnly)) return "cannot read " + file.fileName().toUtf8() + '\n';
-    const QByteArray scrubbed = scratch.path().toUtf8();
+    const auto scrub = [&](QByteArray text) {
+        return text.replace(scratch.path().toUtf8(), "$DIR").replace(root.path().toUtf8(), "$ROOT");
+    };
     QByteArray transcript;
     for (const QByteArray& line : file.readAll().split('\n')) {
         if (line.isEmpty() || line.startsWith('#')) {
@@ -28,9 +27,8 @@ inline QByteArray toolTranscript(const QString& dataFolder) {
         }
         const QString call = QString::fromUtf8(line).replace("$DIR", scratch.path());
         const ToolResult result = runTool(QStringList{"--root", root.path()} + call.split('\t'));
-        transcript += "$ " + line + '\n' + QByteArray(result.out).replace(scrubbed, "$DIR");
-        if (!result.err.isEmpty())
-            transcript += "stderr: " + result.err.split('\n').first().replace(scrubbed, "$DIR") + '\n';
+        transcript += "$ " + line + '\n' + scrub(result.out);
+        if (!result.err.isEmpty()) transcript += "stderr: " + scrub(result.err.split('\n').first()) + '\n';
         transcript += "exit " + QByteArray::number(result.exitCode) + '\n';
     }
     return transcript;
