@@ -15,15 +15,18 @@ GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat,
     reading.m_strField1 = QString::asprintf("%.03f km\n%d Grad", reading.m_dDistanceKm,
                                             static_cast<int>(reading.m_dCourseDeg) % 360);
     reading.m_strField2 = QString::asprintf("%.01f km/h\n%d Grad", speedKmh, static_cast<int>(headingDeg));
-    reading.m_strField3 = TimeToGoText(reading.m_dDistanceKm, speedKmh);
+    if (const auto seconds = SecondsToGo(reading.m_dDistanceKm, speedKmh)) reading.m_strField3 = TimeToGoText(*seconds);
     reading.m_dArrowDeg = bToNorth ? reading.m_dCourseDeg : reading.m_dCourseDeg - headingDeg;
     return reading;
 }
 
-QString TimeToGoText(double distanceKm, double speedKmh) {
+std::optional<int> SecondsToGo(double distanceKm, double speedKmh) {
     const double seconds = distanceKm / speedKmh * 3600.0;
-    if (!std::isfinite(seconds) || seconds < INT_MIN || seconds > INT_MAX) return {};
-    const int t = static_cast<int>(seconds);
+    if (!std::isfinite(seconds) || seconds <= INT_MIN || seconds >= INT_MAX) return std::nullopt;
+    return static_cast<int>(seconds);
+}
+
+QString TimeToGoText(int t) {
     if (t <= 60) return QString::asprintf("%d s", t);
     if (t <= 3600) return QString::asprintf("%d min", t / 60);
     return QString::asprintf("%d h %d min", t / 3600, t % 60);

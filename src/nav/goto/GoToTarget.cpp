@@ -4,7 +4,7 @@ void CGoToTarget::SetTarget(double dLon, double dLat, const QString& strName) {
     m_dLon = dLon;
     m_dLat = dLat;
     m_strName = strName;
-    emit changed();
+    Q_EMIT changed();
 }
 
 bool CGoToTarget::GetTarget(double& dLon, double& dLat) const {

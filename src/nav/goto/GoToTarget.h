@@ -19,7 +19,7 @@ public:
     bool GetTarget(double& dLon, double& dLat) const;
     const QString& Name() const { return m_strName; }
 
-signals:
+Q_SIGNALS:
     void changed();
 
 private:
