@@ -59,12 +59,19 @@ std::optional<Waypoint> ScanImportLine(const QString& line) {
 }
 
 Waypoints ImportWaypoints(QByteArrayView bytes, Waypoints& waypoints) {
-    Waypoints added;
+    Waypoints scanned;
     forEachTextLine(bytes, kLineBuffer, [&](QByteArrayView line) {
-        const auto waypoint = ScanImportLine(PoiNameText(line.toByteArray()));
-        if (!waypoint || std::ranges::find(waypoints, *waypoint) != waypoints.end()) return;
-        waypoints.push_back(*waypoint);
-        added.push_back(*waypoint);
+        if (const auto waypoint = ScanImportLine(PoiNameText(line.toByteArray()))) scanned.push_back(*waypoint);
     });
+    return MergeWaypoints(scanned, waypoints);
+}
+
+Waypoints MergeWaypoints(const Waypoints& incoming, Waypoints& waypoints) {
+    Waypoints added;
+    for (const Waypoint& w : incoming) {
+        if (std::ranges::find(waypoints, w) != waypoints.end()) continue;
+        waypoints.push_back(w);
+        added.push_back(w);
+    }
     return added;
 }

@@ -17,3 +17,6 @@ std::optional<Waypoint> ScanImportLine(const QString& line);
 // Windows-1252) appended to `waypoints`, except lines without a position and records the list already
 // holds with exactly the same longitude, latitude and name. Returns the records added.
 Waypoints ImportWaypoints(QByteArrayView bytes, Waypoints& waypoints);
+
+// Appends to `waypoints` each record of `incoming` it does not hold yet; returns the records added.
+Waypoints MergeWaypoints(const Waypoints& incoming, Waypoints& waypoints);
