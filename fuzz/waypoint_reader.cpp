@@ -11,8 +11,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const Waypoints back = ReadWaypoints(WriteWaypoints(waypoints));
     if (back.size() != waypoints.size()) __builtin_trap();
     for (size_t i = 0; i < back.size(); ++i) {
-        const auto near = [](double a, double b) { return !std::isfinite(a) || std::abs(a - b) <= 0.5e-5 * std::max(1.0, std::abs(a)); };
-        if (!near(waypoints[i].m_dLon, back[i].m_dLon) || !near(waypoints[i].m_dLat, back[i].m_dLat)) __builtin_trap();
+        const auto near = [](double a, double b) {
+            return !std::isfinite(a) || std::abs(a - b) <= 0.5e-5 * std::max(1.0, std::abs(a));
+        };
+        if (!near(waypoints[i].m_dLon, back[i].m_dLon) || !near(waypoints[i].m_dLat, back[i].m_dLat))
+            __builtin_trap();
     }
     return 0;
 }

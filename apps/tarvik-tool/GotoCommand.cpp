@@ -15,9 +15,11 @@ const char* const kUsage =
     "       tarvik-tool goto calc --lat TEXT --lon TEXT --to-lat TEXT --to-lon TEXT\n"
     "       tarvik-tool goto vantrel LON LAT\n"
     "show: the GoTo page's texts for a GPS position (degrees) and a target: {\"field1\", \"field2\",\n"
-    "  \"field3\", \"arrow_deg\", \"beep\": {\"hz\", \"ms\", \"tones\"}}; --north draws the arrow relative to\n"
+    "  \"field3\", \"arrow_deg\", \"beep\": {\"hz\", \"ms\", \"tones\"}}; --north draws the arrow relative "
+    "to\n"
     "  north. A target with a coordinate of 0 is no target: the fields are empty, arrow and beep null.\n"
-    "calc: the \"Calc Goto Pos\" dialog. Forward prints {\"lat\", \"lon\"} (in the root's \"PosFormat\" when\n"
+    "calc: the \"Calc Goto Pos\" dialog. Forward prints {\"lat\", \"lon\"} (in the root's \"PosFormat\" "
+    "when\n"
     "  it is a degree notation, else decimal degrees) and {\"lat_deg\", \"lon_deg\"}; backward prints\n"
     "  {\"km\", \"course\"} as \"%.03f\" texts. TEXT in any notation the target fields read.\n"
     "vantrel: the splitter driver's simulation command for a target.";
@@ -39,18 +41,22 @@ int showCommand(ToolContext& ctx, const QStringList& args) {
     QString bad;
     const auto from = pair(options.value("--from"), bad);
     const auto to = from ? pair(options.value("--to"), bad) : std::nullopt;
-    const auto motion = to ? parseNumberArgs({options.value("--speed"), options.value("--heading")}, bad)
-                           : std::nullopt;
+    const auto motion =
+        to ? parseNumberArgs({options.value("--speed"), options.value("--heading")}, bad) : std::nullopt;
     if (!motion) return ctx.inputError("not a number or LON,LAT: " + bad);
     const bool toNorth = options.has("--north");
     if (to->at(0) == 0 || to->at(1) == 0) {
-        ctx.printJson({{"field1", "\"\""}, {"field2", "\"\""}, {"field3", "\"\""}, {"arrow_deg", "null"},
+        ctx.printJson({{"field1", "\"\""},
+                       {"field2", "\"\""},
+                       {"field3", "\"\""},
+                       {"arrow_deg", "null"},
                        {"beep", "null"}});
         return ToolContext::kOk;
     }
-    const GoToReading r = ReadGoTo(from->at(0), from->at(1), to->at(0), to->at(1), motion->at(0), motion->at(1), toNorth);
+    const GoToReading r =
+        ReadGoTo(from->at(0), from->at(1), to->at(0), to->at(1), motion->at(0), motion->at(1), toNorth);
     const ApproachBeep beep = ApproachBeepFor(r.m_dDistanceKm, r.m_dCourseDeg, motion->at(1), toNorth);
-    const QString beepJson = QStringLiteral("{\"hz\": %1, \"ms\": %2, \"tones\": %3}")
+    const QString beepJson = QStringLiteral("{\"hz\":%1,\"ms\":%2,\"tones\":%3}")
                                  .arg(beep.m_nFrequencyHz)
                                  .arg(beep.m_nDurationMs)
                                  .arg(beep.m_nTones);
@@ -70,10 +76,11 @@ int calcCommand(ToolContext& ctx, const QStringList& args) {
     const bool forward = options.has("--course") && options.has("--km");
     const bool backward = options.has("--to-lat") && options.has("--to-lon");
     if (!options.has("--lat") || !options.has("--lon") || forward == backward)
-        return ctx.usageError("give --lat and --lon with either --course and --km or --to-lat and --to-lon", kUsage);
+        return ctx.usageError("give --lat and --lon with either --course and --km or --to-lat and --to-lon",
+                              kUsage);
     if (backward) {
-        const auto result = CalcBackward(options.value("--lat"), options.value("--lon"), options.value("--to-lat"),
-                                         options.value("--to-lon"));
+        const auto result = CalcBackward(options.value("--lat"), options.value("--lon"),
+                                         options.value("--to-lat"), options.value("--to-lon"));
         if (!result) return ctx.inputError("a coordinate is empty");
         ctx.printJson({{"km", ToolContext::jsonString(result->m_strDistance)},
                        {"course", ToolContext::jsonString(result->m_strCourse)}});

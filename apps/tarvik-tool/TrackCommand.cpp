@@ -77,7 +77,11 @@ int tkReadCommand(ToolContext& ctx, const QStringList& args) {
     CsvBlockWriter csv(ctx);
     csv.text("index,lat,lon,km").endRow();
     for (size_t i = 0; i < track.size(); ++i)
-        csv.integer(static_cast<long long>(i)).number(track[i].m_dLat).number(track[i].m_dLon).number(km[i]).endRow();
+        csv.integer(static_cast<long long>(i))
+            .number(track[i].m_dLat)
+            .number(track[i].m_dLon)
+            .number(km[i])
+            .endRow();
     return ToolContext::kOk;
 }
 
@@ -110,7 +114,8 @@ int gpxCommand(ToolContext& ctx, const QStringList& args) {
     const bool inGpx = TrackFileKindOf(args[0]) == TrackFileKind::Gpx;
     if (inGpx == (TrackFileKindOf(args[1]) == TrackFileKind::Gpx))
         return ctx.usageError("exactly one of IN and OUT must end in .gpx", kUsage);
-    if (TrackFileKindOf(args[1]) == TrackFileKind::Log) return ctx.usageError("a log (.txt) is never written", kUsage);
+    if (TrackFileKindOf(args[1]) == TrackFileKind::Log)
+        return ctx.usageError("a log (.txt) is never written", kUsage);
     const auto clock = commandClock({});
     TrackVertices track;
     QString error;

@@ -13,7 +13,8 @@ const char* const kUsage =
     "tarvik-tool wpt read FILE\n"
     "       tarvik-tool wpt import FILE --into WPTFILE\n"
     "       tarvik-tool wpt gpx IN OUT\n"
-    "read: the GoTo page's waypoint file as CSV rows lon,lat,name, as the page reads it (\"lon,lat,\\\"name\\\"\"\n"
+    "read: the GoTo page's waypoint file as CSV rows lon,lat,name, as the page reads it "
+    "(\"lon,lat,\\\"name\\\"\"\n"
     "  lines, ';' comments, lines of fewer than three fields left out).\n"
     "import: scans FILE line by line for free-form positions (\"Gipfel N 47°25.123 E 010°59.456\"), adds\n"
     "  those WPTFILE does not hold yet and saves WPTFILE as the page does (a missing one is created);\n"
@@ -64,8 +65,11 @@ int importCommand(ToolContext& ctx, const QStringList& args) {
 
 int gpxCommand(ToolContext& ctx, const QStringList& args) {
     if (args.size() != 2) return ctx.usageError(ToolContext::argumentCountProblem(args, 2), kUsage);
-    const auto isGpx = [](const QString& path) { return QFileInfo(path).suffix().toLower() == QLatin1String("gpx"); };
-    if (isGpx(args[0]) == isGpx(args[1])) return ctx.usageError("exactly one of IN and OUT must end in .gpx", kUsage);
+    const auto isGpx = [](const QString& path) {
+        return QFileInfo(path).suffix().toLower() == QLatin1String("gpx");
+    };
+    if (isGpx(args[0]) == isGpx(args[1]))
+        return ctx.usageError("exactly one of IN and OUT must end in .gpx", kUsage);
     const auto bytes = readAll(args[0]);
     if (!bytes) return ctx.inputError("cannot read " + args[0]);
     QByteArray out;

@@ -1,7 +1,7 @@
 #include "demo/DemoRoot.h"
-#include "platform/DeviceRoot.h"
 #include "nav/goto/Destination.h"
 #include "nav/goto/GoToTarget.h"
+#include "platform/DeviceRoot.h"
 #include "platform/session/DestinationBus.h"
 #include "platform/session/DisplayCheck.h"
 #include "settings/RegistryHive.h"
@@ -15,9 +15,10 @@
 namespace {
 
 void printUsage(const QList<QCommandLineOption>& options) {
-    std::printf("usage: tarvik [--root DIR] [--demo] [--fullscreen] [--goto LAT,LON[,NAME] | geo:URI]\n\n"
-                "Tarvik, the GPS companion. A destination (--goto or a geo: URI) becomes the GoTo target; when\n"
-                "Tarvik runs already, it is handed to the running one, and this start ends.\n\n");
+    std::printf(
+        "usage: tarvik [--root DIR] [--demo] [--fullscreen] [--goto LAT,LON[,NAME] | geo:URI]\n\n"
+        "Tarvik, the GPS companion. A destination (--goto or a geo: URI) becomes the GoTo target; when\n"
+        "Tarvik runs already, it is handed to the running one, and this start ends.\n\n");
     for (const QCommandLineOption& option : options) {
         QString name = QStringLiteral("--") + option.names().constLast();
         if (!option.valueName().isEmpty()) name += ' ' + option.valueName();
@@ -38,12 +39,14 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption demoOption(QStringLiteral("demo"),
                                         QStringLiteral("Replay the demo drive in a device root of its own."));
     const QCommandLineOption fullOption(QStringLiteral("fullscreen"), QStringLiteral("Fill the screen."));
-    const QCommandLineOption gotoOption(QStringLiteral("goto"), QStringLiteral("Set the GoTo target (degrees)."),
+    const QCommandLineOption gotoOption(QStringLiteral("goto"),
+                                        QStringLiteral("Set the GoTo target (degrees)."),
                                         QStringLiteral("LAT,LON[,NAME]"));
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("Show this help."));
     const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
-    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption, gotoOption, helpOption, versionOption};
+    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,
+                                               gotoOption, helpOption, versionOption};
     QCommandLineParser parser;
     parser.addOptions(options);
     if (!parser.parse(arguments)) {

@@ -29,7 +29,8 @@ bool bandMinNorthing(int32_t zone, int band, double& northing) {
     int32_t z = zone;
     char hemisphere = 'N';
     double easting = 0;
-    if (GeodeticToUtm(lat, lon, z, hemisphere, easting, northing, zone) & ~(UtmError::Easting | UtmError::Northing))
+    if (GeodeticToUtm(lat, lon, z, hemisphere, easting, northing, zone) &
+        ~(UtmError::Easting | UtmError::Northing))
         return false;
     return true;
 }

@@ -74,7 +74,8 @@ int SerialPort::read(char* buffer, int capacity, QString& error) {
 bool SerialPort::write(const QByteArray& bytes) {
     qsizetype done = 0;
     while (done < bytes.size()) {
-        const ssize_t n = ::write(m_fd.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        const ssize_t n =
+            ::write(m_fd.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
         if (n < 0 && errno == EINTR) continue;
         if (n <= 0) return false;
         done += n;

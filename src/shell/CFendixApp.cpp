@@ -2,10 +2,12 @@
 
 #include "gps/CFendixDoc.h"
 #include "gps/OldLogPurge.h"
+#include "gps/TrackLogReader.h"
 #include "gps/sound/DefaultAlertSounds.h"
 #include "gps/sound/SoundController.h"
 #include "gps/sources/DocumentSource.h"
 #include "gps/sources/SourceSettings.h"
+#include "gps/sources/SourceTable.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "nav/GeoSphere.h"
@@ -16,10 +18,9 @@
 #include "nav/poi/PoiLoader.h"
 #include "nav/ui/CGoToView.h"
 #include "nav/ui/CModuleTrack.h"
-#include "nav/waypoints/WaypointList.h"
-#include "gps/TrackLogReader.h"
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
+#include "nav/waypoints/WaypointList.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/MemoryPressure.h"
@@ -126,14 +127,20 @@ void CFendixApp::WatchSettingsWrites() {
 // The pages that have a class of their own; every other page of the table shows as a placeholder.
 PageFactory CFendixApp::MakePages() {
     PageFactory pages;
-    pages.add(PageTable::kSpeed,
-              [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent, [this] { return TargetDistance(); }); });
+    pages.add(PageTable::kSpeed, [this](QWidget* parent) {
+        return new CSpeedView(*m_pDoc, parent, [this] { return TargetDistance(); });
+    });
     pages.add(PageTable::kGoTo, [this](QWidget* parent) {
         CGoToView::Services services;
         services.fix = [this] {
             const GpsFix& fix = m_pDoc->Fix();
-            return GoToFix{fix.hasFix(), fix.m_dPosLong, fix.m_dPosLat, fix.m_fSpeed, fix.m_fCourse,
-                           fix.m_fAltitude, fix.m_nSource == SourceTable::kMobileNavigator};
+            return GoToFix{fix.hasFix(),
+                           fix.m_dPosLong,
+                           fix.m_dPosLat,
+                           fix.m_fSpeed,
+                           fix.m_fCourse,
+                           fix.m_fAltitude,
+                           fix.m_nSource == SourceTable::kMobileNavigator};
         };
         services.localNow = [this] { return LocalNow(); };
         services.pSound = m_pSoundOutput.get();
@@ -141,13 +148,16 @@ PageFactory CFendixApp::MakePages() {
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
     pages.add(PageTable::kTrack, [this](QWidget* parent) {
-        return new CModuleTrack(*m_pTarget, [this](QIODevice& file, TrackVertices& track) {
-            std::vector<TrackPoint> points;
-            if (!ReadFromFile(&file, points, m_pDoc->Fix(), m_clock, false)) return false;
-            for (const TrackPoint& p : points)
-                track.push_back({p.m_dLong, p.m_dLat});
-            return true;
-        }, {}, parent);
+        return new CModuleTrack(
+            *m_pTarget,
+            [this](QIODevice& file, TrackVertices& track) {
+                std::vector<TrackPoint> points;
+                if (!ReadFromFile(&file, points, m_pDoc->Fix(), m_clock, false)) return false;
+                for (const TrackPoint& p : points)
+                    track.push_back({p.m_dLong, p.m_dLat});
+                return true;
+            },
+            {}, parent);
     });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);

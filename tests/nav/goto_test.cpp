@@ -105,9 +105,9 @@ TEST(GoTo, CalcGotoPosBothWays) {
 TEST(GoTo, TypedTargetInEveryNotation) {
     const GeoPosition munich{48.12345, 11.57};
     const std::pair<PosFormat, double> formats[] = {
-        {PosFormat::DegreesMinutes, 1e-6},        {PosFormat::DegreesMinutesSeconds, 1.5e-4},
-        {PosFormat::DecimalDegrees, 1e-6},        {PosFormat::Utm, 1e-5},
-        {PosFormat::Mgrs, 2e-5},                  {PosFormat::FalkMarcoPolo, 2e-5},
+        {PosFormat::DegreesMinutes, 1e-6}, {PosFormat::DegreesMinutesSeconds, 1.5e-4},
+        {PosFormat::DecimalDegrees, 1e-6}, {PosFormat::Utm, 1e-5},
+        {PosFormat::Mgrs, 2e-5},           {PosFormat::FalkMarcoPolo, 2e-5},
     };
     for (const auto& [format, tolerance] : formats) {
         const TypedTargetFields fields = FormatTypedTarget(format, munich);
@@ -154,7 +154,8 @@ TEST(GoTo, MgrsInverseMatchesGeoConvert) {
         ASSERT_TRUE(MgrsToGeodetic(references[i], latRad, lonRad)) << references[i].constData();
         // The corner lies half a square (up to 5 km at one digit pair) from the centre.
         qsizetype digits = 0;
-        while (digits < references[i].size() && std::isdigit(references[i][references[i].size() - 1 - digits]))
+        while (digits < references[i].size() &&
+               std::isdigit(references[i][references[i].size() - 1 - digits]))
             ++digits;
         const double square = std::pow(10.0, 5 - digits / 2) / 111000.0;
         const double tolerance = square / std::cos(expected[0].toDouble() * DegToRad) + 1e-7;

@@ -46,7 +46,9 @@ struct GoToPage {
         services.fix = [this] { return m_fix; };
         services.localNow = [] { return QDateTime(QDate(2024, 5, 1), QTime(9, 5), Qt::UTC); };
         services.pSound = &m_sound;
-        services.chooseFile = [this](const QString&, const QString&, const QString&, bool) { return m_strChosen; };
+        services.chooseFile = [this](const QString&, const QString&, const QString&, bool) {
+            return m_strChosen;
+        };
         services.ask = [this](const QString& question) {
             m_strAsked = question;
             return true;
@@ -101,8 +103,8 @@ TEST(GoToView, ShowsTheTargetAndBeeps) {
 
 TEST(GoToView, EnablesOnlyTheFieldsOfTheNotation) {
     GoToPage page;
-    const std::pair<int, const char*> cases[] = {{0, "lat lon"}, {3, "zone hemisphere easting northing"},
-                                                 {4, "mgrs"}, {5, "lat lon"}};
+    const std::pair<int, const char*> cases[] = {
+        {0, "lat lon"}, {3, "zone hemisphere easting northing"}, {4, "mgrs"}, {5, "lat lon"}};
     for (const auto& [format, fields] : cases) {
         CRegistryKey key;
         key.WriteDword("PosFormat", format);
@@ -130,7 +132,8 @@ TEST(GoToView, WaypointCommands) {
     page.m_target.SetTarget(-70.25, -33.9, "Süd");
     page.run("Waypoint Speichern");
     EXPECT_EQ(fileBytes(page.m_root.file("Waypoints.asc")),
-              "11.50000,48.10000,\"Tarvik Pos: 01.05.2024 09:05\"\n-70.25000,-33.90000,\"S\xfc" "d\"\n");
+              "11.50000,48.10000,\"Tarvik Pos: 01.05.2024 09:05\"\n-70.25000,-33.90000,\"S\xfc"
+              "d\"\n");
 
     page.m_waypoints.SetCurrent(0);
     EXPECT_FALSE(page.enabled("Waypoint Speichern"));
@@ -147,7 +150,9 @@ TEST(GoToView, WaypointCommands) {
 
     QFile import(page.m_root.file("import.txt"));
     ASSERT_TRUE(import.open(QIODevice::WriteOnly));
-    import.write("Gipfel N 47\xb0" "25.123 E 010\xb0" "59.456\n");
+    import.write("Gipfel N 47\xb0"
+                 "25.123 E 010\xb0"
+                 "59.456\n");
     import.close();
     page.m_strChosen = import.fileName();
     page.run("Import");
@@ -167,8 +172,9 @@ TEST(ModuleTrack, OpensListsEditsAndSaves) {
     CRegistryKey key;
     writeSetting(key, TrackSettings::kTrack, tk.fileName());
     QString chosen = root.file("b.tk.gpx");
-    CModuleTrack page(target, [](QIODevice&, TrackVertices&) { return false; },
-                      [&chosen](const QString&, const QString&, const QString&, bool) { return chosen; });
+    CModuleTrack page(
+        target, [](QIODevice&, TrackVertices&) { return false; },
+        [&chosen](const QString&, const QString&, const QString&, bool) { return chosen; });
     ASSERT_EQ(page.List()->topLevelItemCount(), 2) << "the Track setting is loaded at start";
     const QTreeWidgetItem* second = page.List()->topLevelItem(1);
     EXPECT_EQ(QStringList({second->text(0), second->text(1), second->text(2), second->text(3)}),

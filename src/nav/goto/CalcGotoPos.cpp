@@ -27,14 +27,15 @@ std::optional<CalcForwardResult> CalcForward(const QString& latFrom, const QStri
     return result;
 }
 
-std::optional<CalcBackwardResult> CalcBackward(const QString& latFrom, const QString& lonFrom, const QString& latTo,
-                                               const QString& lonTo) {
+std::optional<CalcBackwardResult> CalcBackward(const QString& latFrom, const QString& lonFrom,
+                                               const QString& latTo, const QString& lonTo) {
     const auto from = parsePosition(latFrom, lonFrom);
     const auto to = parsePosition(latTo, lonTo);
     if (!from || !to) return std::nullopt;
     CalcBackwardResult result;
     float course = 0;
-    result.m_dDistanceKm = GeoDistance(from->m_dPosLong, from->m_dPosLat, to->m_dPosLong, to->m_dPosLat, &course);
+    result.m_dDistanceKm =
+        GeoDistance(from->m_dPosLong, from->m_dPosLat, to->m_dPosLong, to->m_dPosLat, &course);
     result.m_dCourseDeg = course * RadToDeg;
     result.m_strDistance = QString::asprintf("%.03f", result.m_dDistanceKm);
     result.m_strCourse = QString::asprintf("%.03f", result.m_dCourseDeg);

@@ -26,5 +26,5 @@ std::optional<CalcForwardResult> CalcForward(const QString& latFrom, const QStri
                                              double distanceKm, PosFormat format);
 
 // Distance and course from the start to the end position. Nothing when a field is empty.
-std::optional<CalcBackwardResult> CalcBackward(const QString& latFrom, const QString& lonFrom, const QString& latTo,
-                                               const QString& lonTo);
+std::optional<CalcBackwardResult> CalcBackward(const QString& latFrom, const QString& lonFrom,
+                                               const QString& latTo, const QString& lonTo);

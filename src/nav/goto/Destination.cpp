@@ -30,7 +30,8 @@ std::optional<Destination> ParseGeoUri(const QString& uri) {
     const QString path = rest.left(queryAt < 0 ? rest.size() : queryAt).section(';', 0, 0);
     QString query;
     for (const QString& item : queryAt < 0 ? QStringList() : rest.mid(queryAt + 1).split('&'))
-        if (item.startsWith(QLatin1String("q="))) query = QUrl::fromPercentEncoding(item.mid(2).replace('+', ' ').toUtf8());
+        if (item.startsWith(QLatin1String("q=")))
+            query = QUrl::fromPercentEncoding(item.mid(2).replace('+', ' ').toUtf8());
     const QStringList coordinates = path.split(',');
     if (coordinates.size() < 2 || coordinates.size() > 3) return std::nullopt;
     auto destination = position(coordinates[0], coordinates[1], query);

@@ -6,8 +6,8 @@
 #include <climits>
 #include <cmath>
 
-GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat, double speedKmh, double headingDeg,
-                     bool bToNorth) {
+GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat, double speedKmh,
+                     double headingDeg, bool bToNorth) {
     float course = 0;
     GoToReading reading;
     reading.m_dDistanceKm = GeoDistance(fromLon, fromLat, toLon, toLat, &course);
@@ -15,7 +15,8 @@ GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat,
     reading.m_strField1 = QString::asprintf("%.03f km\n%d Grad", reading.m_dDistanceKm,
                                             static_cast<int>(reading.m_dCourseDeg) % 360);
     reading.m_strField2 = QString::asprintf("%.01f km/h\n%d Grad", speedKmh, static_cast<int>(headingDeg));
-    if (const auto seconds = SecondsToGo(reading.m_dDistanceKm, speedKmh)) reading.m_strField3 = TimeToGoText(*seconds);
+    if (const auto seconds = SecondsToGo(reading.m_dDistanceKm, speedKmh))
+        reading.m_strField3 = TimeToGoText(*seconds);
     reading.m_dArrowDeg = bToNorth ? reading.m_dCourseDeg : reading.m_dCourseDeg - headingDeg;
     return reading;
 }

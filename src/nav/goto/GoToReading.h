@@ -15,8 +15,8 @@ struct GoToReading {
 
 // From the GPS position to the target (degrees), at `speedKmh` and `headingDeg` (from north). With
 // `bToNorth` the arrow points relative to north.
-GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat, double speedKmh, double headingDeg,
-                     bool bToNorth);
+GoToReading ReadGoTo(double fromLon, double fromLat, double toLon, double toLat, double speedKmh,
+                     double headingDeg, bool bToNorth);
 
 // t = (int)(distance / speed * 3600) seconds; nothing when it does not fit an int (standing still).
 std::optional<int> SecondsToGo(double distanceKm, double speedKmh);

@@ -1,8 +1,8 @@
 #include "nav/goto/TargetNames.h"
 
 QString TarvikPosName(const QDateTime& t) {
-    return QString::asprintf("Tarvik Pos: %02d.%02d.%02d %02d:%02d", t.date().day(), t.date().month(), t.date().year(),
-                             t.time().hour(), t.time().minute());
+    return QString::asprintf("Tarvik Pos: %02d.%02d.%02d %02d:%02d", t.date().day(), t.date().month(),
+                             t.date().year(), t.time().hour(), t.time().minute());
 }
 
 QString TarvikPosNameWithAltitude(const QDateTime& t, double altitudeMetres) {

@@ -15,7 +15,8 @@ constexpr int kUtmFatal = UtmError::Latitude | UtmError::Longitude | UtmError::Z
 
 std::optional<GeoPosition> fromDegrees(const TypedTargetFields& f) {
     GeoPosition p;
-    if (!ParseCoordinate(f.m_strLat.trimmed(), p.m_dPosLat) || !ParseCoordinate(f.m_strLon.trimmed(), p.m_dPosLong))
+    if (!ParseCoordinate(f.m_strLat.trimmed(), p.m_dPosLat) ||
+        !ParseCoordinate(f.m_strLon.trimmed(), p.m_dPosLong))
         return std::nullopt;
     return p;
 }
@@ -29,7 +30,8 @@ std::optional<GeoPosition> fromUtm(const TypedTargetFields& f) {
     const double northing = f.m_strNorthing.trimmed().toDouble(&northOk);
     if (!zoneOk || !eastOk || !northOk) return std::nullopt;
     double lat = 0, lon = 0;
-    if (UtmToGeodetic(zone, hemisphere[0].toLatin1(), easting, northing, lat, lon) & kUtmFatal) return std::nullopt;
+    if (UtmToGeodetic(zone, hemisphere[0].toLatin1(), easting, northing, lat, lon) & kUtmFatal)
+        return std::nullopt;
     return GeoPosition{lat * RadToDeg, lon * RadToDeg};
 }
 
@@ -43,7 +45,8 @@ std::optional<GeoPosition> fromMgrs(const TypedTargetFields& f) {
 
 std::optional<GeoPosition> fromMercatorMetres(const TypedTargetFields& f) {
     GeoPosition p;
-    if (!mercatorMetresToGeodetic(ValueText::wtol(f.m_strLon), ValueText::wtol(f.m_strLat), p.m_dPosLat, p.m_dPosLong))
+    if (!mercatorMetresToGeodetic(ValueText::wtol(f.m_strLon), ValueText::wtol(f.m_strLat), p.m_dPosLat,
+                                  p.m_dPosLong))
         return std::nullopt;
     return p;
 }
@@ -51,8 +54,8 @@ std::optional<GeoPosition> fromMercatorMetres(const TypedTargetFields& f) {
 } // namespace
 
 bool UsesLatLonFields(PosFormat format) {
-    return format == PosFormat::DegreesMinutes || format == PosFormat::DegreesMinutesSeconds
-           || format == PosFormat::DecimalDegrees || format == PosFormat::FalkMarcoPolo;
+    return format == PosFormat::DegreesMinutes || format == PosFormat::DegreesMinutesSeconds ||
+           format == PosFormat::DecimalDegrees || format == PosFormat::FalkMarcoPolo;
 }
 
 bool UsesUtmFields(PosFormat format) {
@@ -105,6 +108,7 @@ TypedTargetFields FormatTypedTarget(PosFormat format, const GeoPosition& p) {
 }
 
 PosFormat DegreeNotation(PosFormat format) {
-    return format == PosFormat::DegreesMinutes || format == PosFormat::DegreesMinutesSeconds ? format
-                                                                                             : PosFormat::DecimalDegrees;
+    return format == PosFormat::DegreesMinutes || format == PosFormat::DegreesMinutesSeconds
+               ? format
+               : PosFormat::DecimalDegrees;
 }

@@ -35,7 +35,8 @@ std::vector<double> RunningKm(const TrackVertices& track) {
     km.reserve(track.size());
     double sum = 0;
     for (size_t i = 0; i < track.size(); ++i) {
-        if (i > 0) sum += GeoDistance(track[i - 1].m_dLon, track[i - 1].m_dLat, track[i].m_dLon, track[i].m_dLat);
+        if (i > 0)
+            sum += GeoDistance(track[i - 1].m_dLon, track[i - 1].m_dLat, track[i].m_dLon, track[i].m_dLat);
         km.push_back(sum);
     }
     return km;

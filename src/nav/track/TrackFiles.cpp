@@ -13,7 +13,8 @@ TrackFileKind TrackFileKindOf(const QString& path) {
     return TrackFileKind::Tk;
 }
 
-bool LoadTrackFile(const QString& path, const LogPositionReader& readLog, TrackVertices& track, QString& error) {
+bool LoadTrackFile(const QString& path, const LogPositionReader& readLog, TrackVertices& track,
+                   QString& error) {
     track.clear();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {

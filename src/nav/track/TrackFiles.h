@@ -19,7 +19,8 @@ using LogPositionReader = std::function<bool(QIODevice& file, TrackVertices& tra
 
 // Reads the file at the host path. False, with a one-line reason in `error`, when it cannot be opened
 // or is a broken GPX file; `track` is then empty.
-bool LoadTrackFile(const QString& path, const LogPositionReader& readLog, TrackVertices& track, QString& error);
+bool LoadTrackFile(const QString& path, const LogPositionReader& readLog, TrackVertices& track,
+                   QString& error);
 // Writes the track as ".tk" or, for a ".gpx" path, as one GPX track; false when the file cannot be written.
 bool SaveTrackFile(const QString& path, const TrackVertices& track);
 

@@ -55,15 +55,17 @@ CCalcGotoPosDialog::CCalcGotoPosDialog(std::optional<GeoPosition> from, QWidget*
 }
 
 void CCalcGotoPosDialog::CalculateForward() {
-    const auto result = CalcForward(m_pLatFrom->text(), m_pLonFrom->text(), ValueText::wcstod(m_pCourse->text()),
-                                    ValueText::wcstod(m_pDistance->text()), DegreeNotation(readPosFormat()));
+    const auto result =
+        CalcForward(m_pLatFrom->text(), m_pLonFrom->text(), ValueText::wcstod(m_pCourse->text()),
+                    ValueText::wcstod(m_pDistance->text()), DegreeNotation(readPosFormat()));
     if (!result) return;
     m_pLatTo->setText(result->m_strLat);
     m_pLonTo->setText(result->m_strLon);
 }
 
 void CCalcGotoPosDialog::CalculateBackward() {
-    const auto result = CalcBackward(m_pLatFrom->text(), m_pLonFrom->text(), m_pLatTo->text(), m_pLonTo->text());
+    const auto result =
+        CalcBackward(m_pLatFrom->text(), m_pLonFrom->text(), m_pLatTo->text(), m_pLonTo->text());
     if (!result) return;
     m_pDistance->setText(result->m_strDistance);
     m_pCourse->setText(result->m_strCourse);

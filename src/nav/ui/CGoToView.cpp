@@ -17,13 +17,13 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QTimer>
 #include <QToolButton>
 
@@ -41,11 +41,12 @@ QLineEdit* coordinateEdit(QWidget* parent, const char* name, const QString& plac
 
 } // namespace
 
-CGoToView::CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QString& waypointFile, Services services,
-                     QWidget* parent)
+CGoToView::CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QString& waypointFile,
+                     Services services, QWidget* parent)
     : CPageView(parent), m_target(target), m_waypoints(waypoints), m_services(std::move(services)) {
     if (!m_services.chooseFile)
-        m_services.chooseFile = [this](const QString& title, const QString& start, const QString& filter, bool bSave) {
+        m_services.chooseFile = [this](const QString& title, const QString& start, const QString& filter,
+                                       bool bSave) {
             return bSave ? QFileDialog::getSaveFileName(this, title, start, filter)
                          : QFileDialog::getOpenFileName(this, title, start, filter);
         };
@@ -103,7 +104,8 @@ CGoToView::CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QStrin
     m_pList = new QListWidget(this);
     m_pList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pList->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(m_pList, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { SelectWaypoint(m_pList->row(item)); });
+    connect(m_pList, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { SelectWaypoint(m_pList->row(item)); });
     connect(m_pList, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { m_pMenu->popup(m_pList->viewport()->mapToGlobal(at)); });
     grid->addWidget(m_pList, 7, 0, 1, 4);
@@ -115,9 +117,14 @@ CGoToView::CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QStrin
         OnUpdate(0);
     });
     grid->addWidget(m_pShowCurrent, 8, 0, 1, 4);
-    grid->setRowStretch(0, 2);
-    grid->setRowStretch(1, 2);
-    grid->setRowStretch(7, 3);
+    // The figures are what is read while driving: they get the room, the list what is left.
+    grid->setRowStretch(0, 4);
+    grid->setRowStretch(1, 3);
+    grid->setRowStretch(7, 2);
+    for (FittedLabel* field : m_pField)
+        field->setMinimumHeight(fontMetrics().height() * 2);
+    m_pArrow->setMinimumSize(fontMetrics().height() * 2, fontMetrics().height() * 2);
+    m_pList->setMinimumHeight(fontMetrics().height() * 3);
 
     m_pNotice = new QLabel(this);
     m_pNotice->setAutoFillBackground(true);
@@ -127,7 +134,7 @@ CGoToView::CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QStrin
     BuildMenu();
     connect(&m_target, &CGoToTarget::changed, this, [this] {
         if (!m_bTargetFromList) m_waypoints.SetCurrent(std::nullopt);
-        ShowTargetInFields();
+        if (!m_bTyping) ShowTargetInFields(); // the fields keep what the user types
         OnUpdate(0);
     });
     connect(&m_waypoints, &CWaypointList::changed, this, &CGoToView::RefreshList);
@@ -143,7 +150,8 @@ void CGoToView::BuildMenu() {
     };
     add("Übernehme GPS Position", &CGoToView::TakeGpsPosition);
     // They wait for the navigation program bridge.
-    for (const char* text : {"Übernehme MN Kartenmittelpunkt Koordinaten", "Position vom letzen MN Klick", "Setze MN Ziel "})
+    for (const char* text :
+         {"Übernehme MN Kartenmittelpunkt Koordinaten", "Position vom letzen MN Klick", "Setze MN Ziel "})
         m_pMenu->addAction(QString::fromUtf8(text))->setEnabled(false);
     add("Zeige Position in Karte", [this] {
         if (m_services.showMap) m_services.showMap();
@@ -195,12 +203,14 @@ void CGoToView::OnUpdate(uint16_t) {
         m_pArrow->setAngle(std::nullopt);
         return;
     }
-    const GoToReading r = ReadGoTo(fix.m_dLon, fix.m_dLat, lon, lat, fix.m_dSpeedKmh, fix.m_dHeadingDeg, m_bToNorth);
+    const GoToReading r =
+        ReadGoTo(fix.m_dLon, fix.m_dLat, lon, lat, fix.m_dSpeedKmh, fix.m_dHeadingDeg, m_bToNorth);
     m_pField[0]->setText(r.m_strField1);
     m_pField[1]->setText(r.m_strField2);
     m_pField[2]->setText(r.m_strField3);
     m_pArrow->setAngle(r.m_dArrowDeg);
-    if (m_bBeep && !m_bBeepMuted && m_beepCounter.Tick()) Beep(r.m_dDistanceKm, r.m_dCourseDeg, fix.m_dHeadingDeg);
+    if (m_bBeep && !m_bBeepMuted && m_beepCounter.Tick())
+        Beep(r.m_dDistanceKm, r.m_dCourseDeg, fix.m_dHeadingDeg);
 }
 
 void CGoToView::Beep(double distanceKm, double courseDeg, double headingDeg) {
@@ -246,16 +256,14 @@ void CGoToView::ShowTargetInFields() {
 }
 
 void CGoToView::TypedTargetEdited() {
-    const TypedTargetFields fields{m_pLat->text(),      m_pLon->text(),      m_pZone->text(), m_pHemisphere->text(),
-                                   m_pEasting->text(), m_pNorthing->text(), m_pMgrs->text()};
+    const TypedTargetFields fields{m_pLat->text(),        m_pLon->text(),     m_pZone->text(),
+                                   m_pHemisphere->text(), m_pEasting->text(), m_pNorthing->text(),
+                                   m_pMgrs->text()};
     const auto position = ParseTypedTarget(m_format, fields);
     if (!position) return; // a failed conversion leaves the target as it was
-    // The fields keep what the user types: the target is set without writing them back.
-    const QSignalBlocker blocker(&m_target);
-    m_waypoints.SetCurrent(std::nullopt);
+    m_bTyping = true;
     m_target.SetTarget(position->m_dPosLong, position->m_dPosLat, m_pName->text());
-    blocker.unblock();
-    Q_EMIT m_target.changed();
+    m_bTyping = false;
 }
 
 void CGoToView::TakeGpsPosition() {
@@ -292,14 +300,16 @@ void CGoToView::SaveWaypoint() {
     double lon = 0, lat = 0;
     if (m_waypoints.Current() || !m_target.GetTarget(lon, lat)) return;
     QString name = m_pName->text().trimmed();
-    if (name.isEmpty()) name = TarvikPosName(m_services.localNow ? m_services.localNow() : QDateTime::currentDateTime());
+    if (name.isEmpty())
+        name = TarvikPosName(m_services.localNow ? m_services.localNow() : QDateTime::currentDateTime());
     m_waypoints.Append({lon, lat, name});
     ShowNotice(name);
 }
 
 void CGoToView::DeleteWaypoint() {
     if (!m_waypoints.Current()) return;
-    if (m_services.ask(QStringLiteral("Soll dieser Waypoint wirklich gelöscht werden?"))) m_waypoints.RemoveCurrent();
+    if (m_services.ask(QStringLiteral("Soll dieser Waypoint wirklich gelöscht werden?")))
+        m_waypoints.RemoveCurrent();
 }
 
 void CGoToView::PreviousWaypoint() {
@@ -311,8 +321,9 @@ void CGoToView::NextWaypoint() {
 }
 
 void CGoToView::ImportWaypoints() {
-    const QString path = m_services.chooseFile(QStringLiteral("Import"), QFileInfo(m_waypoints.Path()).path(),
-                                               QStringLiteral("Positionen (*.txt *.asc *.csv *.gpx);;Alle (*)"), false);
+    const QString path =
+        m_services.chooseFile(QStringLiteral("Import"), QFileInfo(m_waypoints.Path()).path(),
+                              QStringLiteral("Positionen (*.txt *.asc *.csv *.gpx);;Alle (*)"), false);
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return;
     const QByteArray bytes = file.readAll();
@@ -329,7 +340,8 @@ void CGoToView::ExportWaypoints() {
                                                QStringLiteral("GPX (*.gpx)"), true);
     if (path.isEmpty()) return;
     QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) file.write(WriteNamedPois(m_waypoints.Items(), PoiFormat::Gpx));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(WriteNamedPois(m_waypoints.Items(), PoiFormat::Gpx));
 }
 
 void CGoToView::ConfigureBeep() {

@@ -27,7 +27,7 @@ struct GoToFix {
     double m_dLon = 0, m_dLat = 0; // degrees
     double m_dSpeedKmh = 0;
     double m_dHeadingDeg = 0;
-    double m_dAltitude = 0; // metres
+    double m_dAltitude = 0;           // metres
     bool m_bNavigationSource = false; // the position comes from the navigation program
 };
 
@@ -41,8 +41,8 @@ public:
     struct Services {
         std::function<GoToFix()> fix;
         std::function<QDateTime()> localNow;
-        SoundOutput* pSound = nullptr;            // the tone generator; none: silent
-        std::function<void()> showMap;            // "Zeige Position in Karte"
+        SoundOutput* pSound = nullptr; // the tone generator; none: silent
+        std::function<void()> showMap; // "Zeige Position in Karte"
         // A file to open (bSave false) or to write; empty when cancelled.
         std::function<QString(const QString& title, const QString& start, const QString& filter, bool bSave)>
             chooseFile;
@@ -98,6 +98,7 @@ private:
     int m_nBeepVolume = 0;
     bool m_bBeepMuted = false;
     bool m_bTargetFromList = false;
+    bool m_bTyping = false;
     CBeepCounter m_beepCounter;
     std::optional<ApproachBeep> m_lastBeep;
 

@@ -15,14 +15,17 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 namespace {
 const char* const kOpenFilter = "Track (*.tk);;Log (*.txt);;GPX (*.gpx);;Alle (*)";
 const char* const kSaveFilter = "Track (*.tk);;GPX (*.gpx)";
 } // namespace
 
-CModuleTrack::CModuleTrack(const CGoToTarget& target, LogPositionReader readLog, ChooseFile chooseFile, QWidget* parent)
-    : CPageView(parent), m_target(target), m_readLog(std::move(readLog)), m_chooseFile(std::move(chooseFile)) {
+CModuleTrack::CModuleTrack(const CGoToTarget& target, LogPositionReader readLog, ChooseFile chooseFile,
+                           QWidget* parent)
+    : CPageView(parent), m_target(target), m_readLog(std::move(readLog)),
+      m_chooseFile(std::move(chooseFile)) {
     if (!m_chooseFile)
         m_chooseFile = [this](const QString& title, const QString& start, const QString& filter, bool bSave) {
             return bSave ? QFileDialog::getSaveFileName(this, title, start, filter)
@@ -45,7 +48,8 @@ CModuleTrack::CModuleTrack(const CGoToTarget& target, LogPositionReader readLog,
     m_pList = new QTreeWidget(this);
     m_pList->setRootIsDecorated(false);
     m_pList->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_pList->setHeaderLabels({QStringLiteral("#"), QStringLiteral("Länge"), QStringLiteral("Breite"), QStringLiteral("km")});
+    m_pList->setHeaderLabels(
+        {QStringLiteral("#"), QStringLiteral("Länge"), QStringLiteral("Breite"), QStringLiteral("km")});
     const int widths[] = {30, 60, 60, 60};
     for (int i = 0; i < 4; ++i)
         m_pList->setColumnWidth(i, widths[i] * logicalDpiX() / 96);
@@ -63,7 +67,8 @@ CModuleTrack::CModuleTrack(const CGoToTarget& target, LogPositionReader readLog,
     });
     layout->addWidget(numbers);
 
-    m_pMenu->addAction(QStringLiteral("Öffne Track (*.tk) oder Log (*.txt)"), this, &CModuleTrack::OpenChosen);
+    m_pMenu->addAction(QStringLiteral("Öffne Track (*.tk) oder Log (*.txt)"), this,
+                       &CModuleTrack::OpenChosen);
     m_pMenu->addAction(QStringLiteral("Track speichern"), this, &CModuleTrack::Save);
     m_pMenu->addAction(QStringLiteral("Track speichern als ..."), this, &CModuleTrack::SaveAs);
     m_pMenu->addSeparator();
@@ -95,7 +100,8 @@ bool CModuleTrack::Open(const QString& path) {
 }
 
 void CModuleTrack::OpenChosen() {
-    const QString path = m_chooseFile(QStringLiteral("Track öffnen"), m_strPath, QString::fromLatin1(kOpenFilter), false);
+    const QString path =
+        m_chooseFile(QStringLiteral("Track öffnen"), m_strPath, QString::fromLatin1(kOpenFilter), false);
     if (!path.isEmpty()) Open(path);
 }
 
@@ -108,10 +114,12 @@ void CModuleTrack::Save() {
 }
 
 void CModuleTrack::SaveAs() {
-    QString path = m_chooseFile(QStringLiteral("Track speichern als ..."), m_strPath, QString::fromLatin1(kSaveFilter), true);
+    QString path = m_chooseFile(QStringLiteral("Track speichern als ..."), m_strPath,
+                                QString::fromLatin1(kSaveFilter), true);
     if (path.isEmpty()) return;
     const QFileInfo chosen(path);
-    if (TrackFileKindOf(path) != TrackFileKind::Gpx) path = chosen.path() + '/' + chosen.completeBaseName() + ".tk";
+    if (TrackFileKindOf(path) != TrackFileKind::Gpx)
+        path = chosen.path() + '/' + chosen.completeBaseName() + ".tk";
     if (!WriteTo(path)) return;
     m_strPath = path;
     m_pPath->setText(QFileInfo(path).fileName());
@@ -155,9 +163,9 @@ void CModuleTrack::Rebuild() {
     const std::vector<double> km = RunningKm(m_track);
     QList<QTreeWidgetItem*> items;
     for (size_t i = 0; i < m_track.size(); ++i) {
-        auto* item = new QTreeWidgetItem({QString::asprintf("%d", static_cast<int>(i)),
-                                          QString::asprintf("%.04f", m_track[i].m_dLon),
-                                          QString::asprintf("%.04f", m_track[i].m_dLat), QString::asprintf("%.03f", km[i])});
+        auto* item = new QTreeWidgetItem(
+            {QString::asprintf("%d", static_cast<int>(i)), QString::asprintf("%.04f", m_track[i].m_dLon),
+             QString::asprintf("%.04f", m_track[i].m_dLat), QString::asprintf("%.03f", km[i])});
         for (int column = 0; column < 4; ++column)
             item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
         items.push_back(item);

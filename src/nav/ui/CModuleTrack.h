@@ -16,7 +16,8 @@ class QTreeWidget;
 class CModuleTrack : public CPageView {
     Q_OBJECT
 public:
-    using ChooseFile = std::function<QString(const QString& title, const QString& start, const QString& filter, bool bSave)>;
+    using ChooseFile =
+        std::function<QString(const QString& title, const QString& start, const QString& filter, bool bSave)>;
     CModuleTrack(const CGoToTarget& target, LogPositionReader readLog, ChooseFile chooseFile = {},
                  QWidget* parent = nullptr);
 

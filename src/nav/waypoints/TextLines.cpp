@@ -1,6 +1,7 @@
 #include "nav/waypoints/TextLines.h"
 
-void forEachTextLine(QByteArrayView bytes, qsizetype bufferSize, const std::function<void(QByteArrayView)>& line) {
+void forEachTextLine(QByteArrayView bytes, qsizetype bufferSize,
+                     const std::function<void(QByteArrayView)>& line) {
     const qsizetype piece = std::max<qsizetype>(1, bufferSize - 1);
     qsizetype start = 0;
     while (start < bytes.size()) {

@@ -40,7 +40,8 @@ std::optional<Waypoint> ScanImportLine(const QString& line) {
             while (end < line.size() && continuesToken(line[end]))
                 ++end;
             // ParseCoordinate knows E, not the German O.
-            const QString token = (c == 'O' ? QStringLiteral("E") : QString(c)) + line.mid(i + 1, end - i - 1);
+            const QString token =
+                (c == 'O' ? QStringLiteral("E") : QString(c)) + line.mid(i + 1, end - i - 1);
             double value = 0;
             if (ParseCoordinate(token, value)) {
                 (latitude ? lat : lon) = value;
@@ -61,7 +62,8 @@ std::optional<Waypoint> ScanImportLine(const QString& line) {
 Waypoints ImportWaypoints(QByteArrayView bytes, Waypoints& waypoints) {
     Waypoints scanned;
     forEachTextLine(bytes, kLineBuffer, [&](QByteArrayView line) {
-        if (const auto waypoint = ScanImportLine(PoiNameText(line.toByteArray()))) scanned.push_back(*waypoint);
+        if (const auto waypoint = ScanImportLine(PoiNameText(line.toByteArray())))
+            scanned.push_back(*waypoint);
     });
     return MergeWaypoints(scanned, waypoints);
 }

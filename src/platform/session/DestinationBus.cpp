@@ -14,7 +14,8 @@ DestinationService::DestinationService(Take take, Describe describe, QObject* pa
 bool DestinationService::Register() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return false;
-    if (!bus.registerObject(QString::fromLatin1(kPath), this, QDBusConnection::ExportScriptableSlots)) return false;
+    if (!bus.registerObject(QString::fromLatin1(kPath), this, QDBusConnection::ExportScriptableSlots))
+        return false;
     if (bus.registerService(QString::fromLatin1(kService))) return true;
     bus.unregisterObject(QString::fromLatin1(kPath));
     return false;
@@ -22,9 +23,11 @@ bool DestinationService::Register() {
 
 bool DestinationService::SendToRunning(double lon, double lat, const QString& name) {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QString::fromLatin1(kService))) return false;
-    QDBusMessage call = QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
-                                                       QString::fromLatin1(kInterface), QStringLiteral("SetTarget"));
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QString::fromLatin1(kService)))
+        return false;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
+                                       QString::fromLatin1(kInterface), QStringLiteral("SetTarget"));
     call << lon << lat << name;
     return bus.call(call, QDBus::Block, kCallTimeoutMs).type() == QDBusMessage::ReplyMessage;
 }
