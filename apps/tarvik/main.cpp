@@ -119,7 +119,10 @@ int main(int argc, char* argv[]) {
         [&target] {
             double lon = 0, lat = 0;
             if (!target.GetTarget(lon, lat)) return QString();
-            return QStringLiteral("%1,%2,%3").arg(lon, 0, 'g', 17).arg(lat, 0, 'g', 17).arg(target.Name());
+            return QStringLiteral("%1,%2,%3")
+                .arg(QString::number(lon, 'g', QLocale::FloatingPointShortest),
+                     QString::number(lat, 'g', QLocale::FloatingPointShortest))
+                .arg(target.Name());
         });
     destinations.Register(); // without a session bus a second start simply runs on its own
     if (destination) target.SetTarget(destination->m_dLon, destination->m_dLat, destination->m_strName);

@@ -12,7 +12,7 @@ TEST(WaypointFile, ReadsLinesAsThePageDoes) {
         {"quotes part of the line", "8.12345,48.5,\"Home\"\n", {{8.12345, 48.5, "Home"}}},
         {"two fields ignored, ';' skipped", "8,48\n;9,49,\"x\"\n", {}},
         {"blanks trimmed, quotes anywhere removed", "1,2,  \"a\"b\"  \r\n", {{1, 2, "ab"}}},
-        {"a comma ends the name", "1,2,\"Hof, alt\"", {{1, 2, "\"Hof"}}},
+        {"a comma ends the name", "1,2,\"Hof, alt\"", {{1, 2, "Hof"}}},
         {"Windows-1252 and UTF-8 lines",
          "1,2,\"M\xfchle\"\n3,4,\"M\xc3\xbchle\"\n",
          {{1, 2, "Mühle"}, {3, 4, "Mühle"}}},
@@ -20,7 +20,7 @@ TEST(WaypointFile, ReadsLinesAsThePageDoes) {
         {"a line beyond the buffer is read in pieces",
          QByteArray(5000, ',') + "\n",
          {{0, 0, ""}, {0, 0, ""}}},
-        {"binary", QByteArray("\x00\x01\xff\n\x00,\x00,\x00", 10), {{0, 0, QString(QChar(0))}}},
+        {"binary", QByteArray("\x00\x01\xff\n\xff,\x00,x", 9), {{0, 0, "x"}}},
     };
     for (const Case& c : cases)
         EXPECT_EQ(ReadWaypoints(c.bytes), c.expected) << c.legend;

@@ -114,7 +114,10 @@ TEST(GoToView, EnablesOnlyTheFieldsOfTheNotation) {
                       QString::fromLatin1(fields).split(' ').contains(name))
                 << format << name;
     }
-    // Typed in MGRS: the target follows, the waypoint selection is cleared.
+    // Typed in MGRS: the target follows.
+    CRegistryKey key;
+    key.WriteDword("PosFormat", 4);
+    page.m_pView->OnUpdate(0);
     QLineEdit* mgrs = page.m_pView->CoordinateField("mgrs");
     mgrs->setText("32U PU 86121 30438"); // GeoConvert -m of 48.1 11.5
     Q_EMIT mgrs->textEdited(mgrs->text());

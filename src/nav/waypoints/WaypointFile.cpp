@@ -35,6 +35,11 @@ QByteArray WriteWaypoints(const Waypoints& waypoints) {
     return out;
 }
 
+bool SameWaypoint(const Waypoint& a, const Waypoint& b) {
+    return a.m_strName == b.m_strName &&
+           WriteWaypoints({a}) == WriteWaypoints({{b.m_dLon, b.m_dLat, a.m_strName}});
+}
+
 Waypoints LoadWaypointFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {};

@@ -21,5 +21,9 @@ QByteArray WriteWaypoints(const Waypoints& waypoints);
 
 // The file at the host path; a missing or unreadable file gives an empty list.
 Waypoints LoadWaypointFile(const QString& path);
+// Whether two records are the same once written: equal names and equal coordinates to the file's five
+// decimals, so that a line imported again after the list was saved and read back is still known.
+bool SameWaypoint(const Waypoint& a, const Waypoint& b);
+
 // Truncates and writes the whole list; false when the file cannot be written.
 bool SaveWaypointFile(const QString& path, const Waypoints& waypoints);

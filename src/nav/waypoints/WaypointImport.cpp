@@ -71,7 +71,8 @@ Waypoints ImportWaypoints(QByteArrayView bytes, Waypoints& waypoints) {
 Waypoints MergeWaypoints(const Waypoints& incoming, Waypoints& waypoints) {
     Waypoints added;
     for (const Waypoint& w : incoming) {
-        if (std::ranges::find(waypoints, w) != waypoints.end()) continue;
+        if (std::ranges::any_of(waypoints, [&w](const Waypoint& held) { return SameWaypoint(held, w); }))
+            continue;
         waypoints.push_back(w);
         added.push_back(w);
     }

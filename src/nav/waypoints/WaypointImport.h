@@ -18,5 +18,6 @@ std::optional<Waypoint> ScanImportLine(const QString& line);
 // holds with exactly the same longitude, latitude and name. Returns the records added.
 Waypoints ImportWaypoints(QByteArrayView bytes, Waypoints& waypoints);
 
-// Appends to `waypoints` each record of `incoming` it does not hold yet; returns the records added.
+// Appends to `waypoints` each record of `incoming` it does not hold yet (see SameWaypoint); returns the
+// records added.
 Waypoints MergeWaypoints(const Waypoints& incoming, Waypoints& waypoints);
