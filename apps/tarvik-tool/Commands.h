@@ -20,3 +20,5 @@ int runWatchCommand(ToolContext& ctx, QStringList args);
 int runKalCommand(ToolContext& ctx, QStringList args);
 int runMapCommand(ToolContext& ctx, QStringList args);
 int runPoiCommand(ToolContext& ctx, QStringList args);
+int runWptCommand(ToolContext& ctx, QStringList args);
+int runGotoCommand(ToolContext& ctx, QStringList args);

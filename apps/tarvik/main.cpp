@@ -1,5 +1,8 @@
 #include "demo/DemoRoot.h"
+#include "nav/goto/Destination.h"
+#include "nav/goto/GoToTarget.h"
 #include "platform/DeviceRoot.h"
+#include "platform/session/DestinationBus.h"
 #include "platform/session/DisplayCheck.h"
 #include "settings/RegistryHive.h"
 #include "shell/CFendixApp.h"
@@ -12,7 +15,10 @@
 namespace {
 
 void printUsage(const QList<QCommandLineOption>& options) {
-    std::printf("usage: tarvik [--root DIR] [--demo] [--fullscreen]\n\nTarvik, the GPS companion.\n\n");
+    std::printf(
+        "usage: tarvik [--root DIR] [--demo] [--fullscreen] [--goto LAT,LON[,NAME] | geo:URI]\n\n"
+        "Tarvik, the GPS companion. A destination (--goto or a geo: URI) becomes the GoTo target; when\n"
+        "Tarvik runs already, it is handed to the running one, and this start ends.\n\n");
     for (const QCommandLineOption& option : options) {
         QString name = QStringLiteral("--") + option.names().constLast();
         if (!option.valueName().isEmpty()) name += ' ' + option.valueName();
@@ -33,10 +39,14 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption demoOption(QStringLiteral("demo"),
                                         QStringLiteral("Replay the demo drive in a device root of its own."));
     const QCommandLineOption fullOption(QStringLiteral("fullscreen"), QStringLiteral("Fill the screen."));
+    const QCommandLineOption gotoOption(QStringLiteral("goto"),
+                                        QStringLiteral("Set the GoTo target (degrees)."),
+                                        QStringLiteral("LAT,LON[,NAME]"));
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("Show this help."));
     const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
-    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption, helpOption, versionOption};
+    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,
+                                               gotoOption, helpOption, versionOption};
     QCommandLineParser parser;
     parser.addOptions(options);
     if (!parser.parse(arguments)) {
@@ -51,6 +61,21 @@ int main(int argc, char* argv[]) {
         std::printf("tarvik %s\n", TARVIK_VERSION);
         return 0;
     }
+    std::optional<Destination> destination;
+    if (parser.isSet(gotoOption)) {
+        destination = ParseGotoArgument(parser.value(gotoOption));
+        if (!destination) {
+            std::fprintf(stderr, "tarvik: --goto needs LAT,LON[,NAME] in degrees\n");
+            return 2;
+        }
+    }
+    for (const QString& argument : parser.positionalArguments()) {
+        destination = ParseGeoUri(argument);
+        if (!destination) {
+            std::fprintf(stderr, "tarvik: not a geo: URI with a position: %s\n", qPrintable(argument));
+            return 2;
+        }
+    }
     if (parser.isSet(rootOption) && parser.value(rootOption).isEmpty()) {
         std::fprintf(stderr, "tarvik: --root needs a folder\n");
         return 2;
@@ -61,6 +86,9 @@ int main(int argc, char* argv[]) {
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tarvik"));
+    if (destination &&
+        DestinationService::SendToRunning(destination->m_dLon, destination->m_dLat, destination->m_strName))
+        return 0;
 
     QString rootFolder = parser.value(rootOption);
     if (parser.isSet(demoOption)) {
@@ -85,5 +113,18 @@ int main(int argc, char* argv[]) {
 
     CFendixApp tarvik(root);
     if (!tarvik.InitInstance(parser.isSet(fullOption))) return 1;
+    CGoToTarget& target = tarvik.Target();
+    DestinationService destinations(
+        [&target](double lon, double lat, const QString& name) { target.SetTarget(lon, lat, name); },
+        [&target] {
+            double lon = 0, lat = 0;
+            if (!target.GetTarget(lon, lat)) return QString();
+            return QStringLiteral("%1,%2,%3")
+                .arg(QString::number(lon, 'g', QLocale::FloatingPointShortest),
+                     QString::number(lat, 'g', QLocale::FloatingPointShortest))
+                .arg(target.Name());
+        });
+    destinations.Register(); // without a session bus a second start simply runs on its own
+    if (destination) target.SetTarget(destination->m_dLon, destination->m_dLat, destination->m_strName);
     return app.exec();
 }

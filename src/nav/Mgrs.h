@@ -22,3 +22,8 @@ int GeodeticToMgrs(double lat, double lon, int32_t precision, QByteArray& mgrs);
 // `value` in metres rounded to a multiple of 10^(5 - precision) metres, exactly half way to the even
 // multiple.
 double mgrsRoundToPrecision(double value, int32_t precision);
+
+// The inverse for typed targets, UTM references only ("32UPU1234567890", 0..5 digit pairs, no
+// blanks): `lat`, `lon` in radians of the south-west corner of the referenced square. False for a
+// polar (UPS) reference or any text that is not a reference.
+bool MgrsToGeodetic(const QByteArray& mgrs, double& lat, double& lon);

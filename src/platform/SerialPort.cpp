@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <termios.h>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -68,4 +69,16 @@ QString SerialPort::setReadTimeout(int milliseconds) {
 
 int SerialPort::read(char* buffer, int capacity, QString& error) {
     return m_fd.readWithTimeout(buffer, capacity, m_nReadTimeoutMs, error);
+}
+
+bool SerialPort::write(const QByteArray& bytes) {
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n =
+            ::write(m_fd.fd(), bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return false;
+        done += n;
+    }
+    return true;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/FileDescriptor.h"
 
+#include <QByteArray>
 #include <QString>
 
 // A serial device (a USB receiver, a Bluetooth rfcomm port, a pseudo-terminal) set up the way a
@@ -20,6 +21,8 @@ public:
     // Up to `capacity` bytes; 0 when nothing came within the read time-out, -1 when the device
     // failed or disappeared (`error` then holds the system's text).
     int read(char* buffer, int capacity, QString& error);
+    // Writes all bytes (an in-band command to a splitter driver); false when the device refused them.
+    bool write(const QByteArray& bytes);
     void close() { m_fd.close(); }
     bool isOpen() const { return m_fd.isOpen(); }
 

@@ -2,16 +2,26 @@
 
 #include "gps/CFendixDoc.h"
 #include "gps/OldLogPurge.h"
+#include "gps/TrackLogReader.h"
 #include "gps/sound/DefaultAlertSounds.h"
 #include "gps/sound/SoundController.h"
 #include "gps/sources/DocumentSource.h"
 #include "gps/sources/SourceSettings.h"
+#include "gps/sources/SourceTable.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "maps/ui/CMapView.h"
+#include "nav/GeoSphere.h"
+#include "nav/goto/GoToTarget.h"
+#include "nav/goto/TargetNames.h"
+#include "nav/goto/VantrelText.h"
+#include "nav/goto/WaypointFilePath.h"
 #include "nav/poi/PoiLoader.h"
+#include "nav/ui/CGoToView.h"
+#include "nav/ui/CModuleTrack.h"
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
+#include "nav/waypoints/WaypointList.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/MemoryPressure.h"
@@ -55,9 +65,16 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
 
     qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
     m_pPois = std::make_unique<PoiLoader>();
+    m_pTarget = std::make_unique<CGoToTarget>();
+    m_pWaypoints = std::make_unique<CWaypointList>();
+    m_pWaypoints->Load(WaypointFilePath(m_root));
+    connect(m_pTarget.get(), &CGoToTarget::changed, this, &CFendixApp::SendSimulationTarget);
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
+    connect(m_pFrame.get(), &CMainFrame::commandTriggered, this, [this](uint16_t command) {
+        if (command == PageTable::kStorePosition) StorePosition();
+    });
     WatchSettingsWrites();
 
     m_pSoundOutput = std::make_unique<QtSoundOutput>();
@@ -111,11 +128,42 @@ void CFendixApp::WatchSettingsWrites() {
 // The pages that have a class of their own; every other page of the table shows as a placeholder.
 PageFactory CFendixApp::MakePages() {
     PageFactory pages;
-    pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
+    pages.add(PageTable::kSpeed, [this](QWidget* parent) {
+        return new CSpeedView(*m_pDoc, parent, [this] { return TargetDistance(); });
+    });
     // Five independent map views, each with its own catalogue and settings key.
     for (int instance = 0; instance < 5; ++instance)
         pages.add(uint16_t(PageTable::kMap + instance),
                   [this, instance](QWidget* parent) { return new CMapView(*m_pDoc, instance, parent); });
+    pages.add(PageTable::kGoTo, [this](QWidget* parent) {
+        CGoToView::Services services;
+        services.fix = [this] {
+            const GpsFix& fix = m_pDoc->Fix();
+            return GoToFix{fix.hasFix(),
+                           fix.m_dPosLong,
+                           fix.m_dPosLat,
+                           fix.m_fSpeed,
+                           fix.m_fCourse,
+                           fix.m_fAltitude,
+                           fix.m_nSource == SourceTable::kMobileNavigator};
+        };
+        services.localNow = [this] { return LocalNow(); };
+        services.pSound = m_pSoundOutput.get();
+        services.showMap = [this] { m_pFrame->SelectPage(PageTable::kMap); };
+        return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
+    });
+    pages.add(PageTable::kTrack, [this](QWidget* parent) {
+        return new CModuleTrack(
+            *m_pTarget,
+            [this](QIODevice& file, TrackVertices& track) {
+                std::vector<TrackPoint> points;
+                if (!ReadFromFile(&file, points, m_pDoc->Fix(), m_clock, false)) return false;
+                for (const TrackPoint& p : points)
+                    track.push_back({p.m_dLong, p.m_dLat});
+                return true;
+            },
+            {}, parent);
+    });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
     });
@@ -141,11 +189,43 @@ PageFactory CFendixApp::MakePages() {
             if (fix.m_dPosLong == 0 || fix.m_dPosLat == 0) return std::nullopt;
             return GeoPosition{fix.m_dPosLat, fix.m_dPosLong};
         };
-        // No GoTo target until the GoTo page exists; the page's targetChosen waits for it as well.
-        return new CNextPoiView(
-            *m_pPois, gpsPosition, [] { return std::optional<GeoPosition>(); }, parent);
+        const auto target = [this]() -> std::optional<GeoPosition> {
+            double lon = 0, lat = 0;
+            if (!m_pTarget->GetTarget(lon, lat)) return std::nullopt;
+            return GeoPosition{lat, lon};
+        };
+        auto* page = new CNextPoiView(*m_pPois, gpsPosition, target, parent);
+        connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
+        return page;
     });
     return pages;
+}
+
+void CFendixApp::StorePosition() {
+    const GpsFix& fix = m_pDoc->Fix();
+    if (!fix.hasFix()) return;
+    m_pWaypoints->Append(
+        {fix.m_dPosLong, fix.m_dPosLat, TarvikPosNameWithAltitude(LocalNow(), fix.m_fAltitude)});
+}
+
+void CFendixApp::SendSimulationTarget() {
+    double lon = 0, lat = 0;
+    m_pTarget->GetTarget(lon, lat);
+    const QByteArray text = VantrelSimulationText(lon, lat, VantrelSimulationOn());
+    devLog("Set Vantrel Target: %s", text.constData());
+    m_pSource->controller().writeToPort(text);
+}
+
+QDateTime CFendixApp::LocalNow() const {
+    // Local seconds, read as UTC so that no second time zone shift applies.
+    return QDateTime::fromSecsSinceEpoch(m_clock.localNow(), Qt::UTC);
+}
+
+std::optional<double> CFendixApp::TargetDistance() const {
+    double lon = 0, lat = 0;
+    if (!m_pTarget->GetTarget(lon, lat)) return std::nullopt;
+    const GpsFix& fix = m_pDoc->Fix();
+    return GeoDistance(fix.m_dPosLong, fix.m_dPosLat, lon, lat);
 }
 
 void CFendixApp::StartAutoStartProgram() {

@@ -5,11 +5,15 @@
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <memory>
+#include <optional>
 #include <thread>
 
 class CFendixDoc;
+class CGoToTarget;
+class CWaypointList;
 class CMainFrame;
 class DocumentSource;
 class MemoryPressure;
@@ -34,10 +38,17 @@ public:
     bool InitInstance(bool bFullScreen);
     CMainFrame& Frame() { return *m_pFrame; }
     CFendixDoc& Document() { return *m_pDoc; }
+    CGoToTarget& Target() { return *m_pTarget; }
 
 private:
     PageFactory MakePages();
     void StartAutoStartProgram();
+    // "Speicher aktuelle Pos": the GPS position as a waypoint.
+    void StorePosition();
+    // After each target change: the splitter driver's simulation text to the open port.
+    void SendSimulationTarget();
+    std::optional<double> TargetDistance() const;
+    QDateTime LocalNow() const;
     void ApplyLowPriority(bool bActive);
     void Shutdown();
     void ShowNotice(const QString& text); // a message that never blocks the sentences behind it
@@ -52,7 +63,9 @@ private:
     std::unique_ptr<QtNoiseMeter> m_pNoiseMeter;
     std::unique_ptr<SoundController> m_pSounds;
     std::unique_ptr<DocumentSource> m_pSource;
-    std::unique_ptr<PoiLoader> m_pPois; // before the frame: the POI pages refer to it
+    std::unique_ptr<PoiLoader> m_pPois;          // before the frame: the POI pages refer to it
+    std::unique_ptr<CGoToTarget> m_pTarget;      // likewise the GoTo, speed and track pages
+    std::unique_ptr<CWaypointList> m_pWaypoints; // the GoTo page and "Speicher aktuelle Pos"
     std::unique_ptr<CMainFrame> m_pFrame;
     TerminationSignals* m_pSignals = nullptr;
     MemoryPressure* m_pPressure = nullptr;

@@ -93,3 +93,34 @@ TEST_F(SourcesSerial, ReportsAPortThatCannotBeUsedOnceAndLeavesNoThread) {
 }
 
 } // namespace
+
+// The splitter driver's in-band command goes to the open port of the running source; with no port
+// open (before the start) nothing can be written.
+TEST_F(SourcesSerial, WritesToTheOpenPort) {
+    PseudoTerminal receiver;
+    ASSERT_EQ(receiver.open(), QString());
+    m_key.WriteString("Source", "COM1");
+    m_key.WriteString("COM1Device", receiver.devicePath());
+    RecordingTarget target;
+    GpsSourceController controller(target, m_root.root());
+    EXPECT_FALSE(controller.writeToPort("@Vantrel:Simulate="));
+    controller.updateSettings(true);
+    QString error;
+    int polls = 0;
+    ASSERT_TRUE(processEventsUntil([&] {
+        if (polls++ % 20 == 0) receiver.write(kGga, error);
+        return !target.sentences.isEmpty();
+    }));
+    const QByteArray text = "@Vantrel:Simulate=4806.00000,N,01130.00000,E";
+    ASSERT_TRUE(controller.writeToPort(text));
+    QByteArray received;
+    char buffer[128];
+    while (received.size() < text.size()) {
+        const int n = receiver.read(buffer, sizeof buffer, 1000, error);
+        if (n <= 0) break;
+        received.append(buffer, n);
+    }
+    EXPECT_EQ(received, text);
+    controller.stopSource();
+    EXPECT_FALSE(controller.writeToPort(text));
+}

@@ -35,6 +35,9 @@ public:
     int sourceIndex() const { return m_nSourceIndex; } // the source that runs, -1 before the first start
     bool navigationSourceInUse() const;
     bool readerRunning() const { return m_pReader && m_pReader->isRunning(); }
+    // Writes to the open serial port of the running source (the splitter driver's in-band commands);
+    // false when no port is open.
+    bool writeToPort(const QByteArray& bytes) { return m_pReader && m_pReader->writeToDevice(bytes); }
 
     // Reads the navigation program's position file once at start, so that a file unchanged since
     // the last run gives no new fix. False when there is no file.

@@ -29,13 +29,26 @@ void PortReadThread::run(const StopEvent& stop, SentenceSink& sink) {
         devLog("->Leave 4 PortReadThread");
         return;
     }
+    {
+        const std::lock_guard lock(m_portMutex);
+        m_pOpenPort = &port;
+    }
     const QString failure = pumpStream(
         [&port](char* buffer, int capacity, QString& error) { return port.read(buffer, capacity, error); },
         m_lines, stop, sink);
+    {
+        const std::lock_guard lock(m_portMutex);
+        m_pOpenPort = nullptr;
+    }
     if (!failure.isEmpty()) {
         report("Unable to read from the port: ", failure);
         devLog("!!!!Leave 5 PortReadThread");
         return;
     }
     devLog("->End PortReadThread");
+}
+
+bool PortReadThread::writeToDevice(const QByteArray& bytes) {
+    const std::lock_guard lock(m_portMutex);
+    return m_pOpenPort && m_pOpenPort->write(bytes);
 }

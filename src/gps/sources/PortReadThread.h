@@ -2,6 +2,9 @@
 
 #include "gps/sources/LineAssembler.h"
 #include "gps/sources/SentenceReader.h"
+#include "platform/SerialPort.h"
+
+#include <mutex>
 
 #include <QString>
 
@@ -16,9 +19,12 @@ public:
     PortReadThread(const QString& devicePath, int baudRate, bool acceptAllTalkers);
 
     void run(const StopEvent& stop, SentenceSink& sink) override;
+    bool writeToDevice(const QByteArray& bytes) override;
 
 private:
     QString m_strDevicePath;
     int m_nBaudRate;
     LineAssembler m_lines;
+    std::mutex m_portMutex;
+    SerialPort* m_pOpenPort = nullptr; // while run() reads it
 };

@@ -22,6 +22,8 @@ public:
     // meanwhile: the reader may be waiting in a hand-over to this very thread. A reader that is
     // still running after all rounds is terminated ("!!!!TerminateThread"). Returns false then.
     bool stopAndWait(StopRounds rounds);
+    // See SentenceReader::writeToDevice.
+    bool writeToDevice(const QByteArray& bytes) { return m_pReader->writeToDevice(bytes); }
 
 protected:
     void run() override;

@@ -23,6 +23,9 @@ class SentenceReader {
 public:
     virtual ~SentenceReader() = default;
     virtual void run(const StopEvent& stop, SentenceSink& sink) = 0;
+    // Writes to the device being read (called from the UI thread while run() goes on); false when the
+    // reader has no device open for writing.
+    virtual bool writeToDevice(const QByteArray& /*bytes*/) { return false; }
 };
 
 // Up to `capacity` bytes from a device: 0 when nothing came within its read time-out, -1 on a

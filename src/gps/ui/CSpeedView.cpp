@@ -37,7 +37,8 @@ QString average(double km, int32_t seconds, const char* format) {
 
 } // namespace
 
-CSpeedView::CSpeedView(const CFendixDoc& doc, QWidget* parent) : CPageView(parent), m_doc(doc) {
+CSpeedView::CSpeedView(const CFendixDoc& doc, QWidget* parent, TargetDistance targetDistance)
+    : CPageView(parent), m_doc(doc), m_targetDistance(std::move(targetDistance)) {
     m_pFixState = new FittedLabel(this, Qt::AlignLeft | Qt::AlignVCenter);
     m_pStatus = new FittedLabel(this, Qt::AlignRight | Qt::AlignVCenter);
     m_pSpeed = new FittedLabel(this);
@@ -48,6 +49,7 @@ CSpeedView::CSpeedView(const CFendixDoc& doc, QWidget* parent) : CPageView(paren
     m_pTourDistance = new FittedLabel(this, Qt::AlignRight | Qt::AlignVCenter);
     m_pCounter = new FittedLabel(this, Qt::AlignLeft | Qt::AlignVCenter);
     m_pTime = new FittedLabel(this, Qt::AlignRight | Qt::AlignVCenter);
+    m_pTarget = new FittedLabel(this);
     m_pCounter->setToolTip(QStringLiteral("Tippen setzt den Zähler zurück"));
 
     auto* grid = new QGridLayout(this);
@@ -61,10 +63,11 @@ CSpeedView::CSpeedView(const CFendixDoc& doc, QWidget* parent) : CPageView(paren
     grid->addWidget(m_pTourDistance, 4, 1);
     grid->addWidget(m_pCounter, 5, 0);
     grid->addWidget(m_pTime, 5, 1);
+    grid->addWidget(m_pTarget, 6, 0, 1, 2);
     grid->setRowStretch(0, 2);
     grid->setRowStretch(1, 8);
     grid->setRowStretch(2, 1);
-    for (int row = 3; row <= 5; ++row)
+    for (int row = 3; row <= 6; ++row)
         grid->setRowStretch(row, 2);
     OnUpdate(0);
 }
@@ -90,6 +93,9 @@ void CSpeedView::OnUpdate(uint16_t) {
     const int64_t secondOfDay = ((fix.m_tFixTime % 86400) + 86400) % 86400; // the fix time is local already
     m_pTime->setText(QString::asprintf("%2d:%02d:%02d", int(secondOfDay / 3600), int(secondOfDay / 60 % 60),
                                        int(secondOfDay % 60)));
+    const auto target = m_targetDistance ? m_targetDistance() : std::nullopt;
+    m_pTarget->setVisible(target.has_value());
+    if (target) m_pTarget->setText(QString::asprintf("Ziel: %.02f km", *target));
 }
 
 void CSpeedView::ResetCounter() {

@@ -18,7 +18,11 @@ void FittedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QFont font = painter.font();
     font.setPixelSize(100);
-    const QRectF natural = QFontMetricsF(font).boundingRect(m_strText);
+    const QFontMetricsF metrics(font);
+    // Lines one above the other (the GoTo page's "km\nGrad") are fitted as a block.
+    const QRectF natural = m_strText.contains('\n')
+                               ? metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), int(m_alignment), m_strText)
+                               : metrics.boundingRect(m_strText);
     const double scale = std::min(width() * 0.95 / natural.width(), height() * 0.9 / natural.height());
     font.setPixelSize(std::max(6, int(100 * scale)));
     painter.setFont(font);

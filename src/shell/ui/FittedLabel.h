@@ -2,7 +2,8 @@
 
 #include <QWidget>
 
-// A text drawn as large as its rectangle allows, for values read at a glance from a car mount.
+// A text drawn as large as its rectangle allows, for values read at a glance from a car mount; a text
+// of several lines is fitted as a whole.
 class FittedLabel : public QWidget {
     Q_OBJECT
 public:
