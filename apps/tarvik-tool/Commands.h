@@ -20,3 +20,5 @@ int runWatchCommand(ToolContext& ctx, QStringList args);
 int runKalCommand(ToolContext& ctx, QStringList args);
 int runMapCommand(ToolContext& ctx, QStringList args);
 int runPoiCommand(ToolContext& ctx, QStringList args);
+int runSkyCommand(ToolContext& ctx, QStringList args);
+int runLogCommand(ToolContext& ctx, QStringList args);
