@@ -6,6 +6,11 @@
 #include "gps/sound/SoundController.h"
 #include "gps/sources/DocumentSource.h"
 #include "gps/sources/SourceSettings.h"
+#include "gps/ui/CAltitudeView.h"
+#include "gps/ui/CLogbookView.h"
+#include "gps/ui/CModuleDiagram.h"
+#include "gps/ui/CPositionView.h"
+#include "gps/ui/CSatelliteView.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "nav/poi/PoiLoader.h"
@@ -140,7 +145,33 @@ PageFactory CFendixApp::MakePages() {
         return new CNextPoiView(
             *m_pPois, gpsPosition, [] { return std::optional<GeoPosition>(); }, parent);
     });
+    pages.add(PageTable::kAltitude, [this](QWidget* parent) { return new CAltitudeView(*m_pDoc, parent); });
+    pages.add(PageTable::kSatellites,
+              [this](QWidget* parent) { return new CSatelliteView(*m_pDoc, parent); });
+    pages.add(PageTable::kPosition, [this](QWidget* parent) { return new CPositionView(*m_pDoc, parent); });
+    pages.add(PageTable::kDiagrams, [this](QWidget* parent) { return new CModuleDiagram(*m_pDoc, parent); });
+    pages.add(PageTable::kLogbook, [this](QWidget* parent) {
+        return new CLogbookView(
+            *m_pDoc, [this](const QString& log) { ShowLogInDiagrams(log); }, parent);
+    });
+    pages.add(PageTable::kAlerts,
+              [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
     return pages;
+}
+
+CModuleAlerts::Actions CFendixApp::AlertActions() {
+    return {[this] { m_pSounds->loadAlertSounds(); },
+            [this](const QString& file) { m_pSoundOutput->playFile(file); },
+            [this] { return m_pSounds->isSoundOn(); },
+            [this](bool bOn) {
+                m_pSounds->setSoundOn(bOn);
+                m_pSounds->updateVolume(true);
+            }};
+}
+
+void CFendixApp::ShowLogInDiagrams(const QString& log) {
+    if (m_pFrame->SelectPage(PageTable::kDiagrams))
+        if (auto* diagrams = qobject_cast<CModuleDiagram*>(m_pFrame->CurrentPage())) diagrams->ShowLog(log);
 }
 
 void CFendixApp::StartAutoStartProgram() {

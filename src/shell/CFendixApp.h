@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gps/sources/StopEvent.h"
+#include "gps/ui/CModuleAlerts.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
@@ -37,6 +38,8 @@ public:
 
 private:
     PageFactory MakePages();
+    CModuleAlerts::Actions AlertActions();
+    void ShowLogInDiagrams(const QString& log);
     void StartAutoStartProgram();
     void ApplyLowPriority(bool bActive);
     void Shutdown();
