@@ -1,6 +1,6 @@
-#include "TestData.h"
 #include "gps/SatelliteTable.h"
 #include "gps/SkyReplay.h"
+#include "support/TestData.h"
 
 #include <QFile>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
+#include "gps/TalkerRewrite.h"
 #include "gps/sources/LineAssembler.h"
 #include "gps/sources/SourceTable.h"
-#include "gps/TalkerRewrite.h"
 
 #include <QByteArray>
 #include <QList>
