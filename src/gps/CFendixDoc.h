@@ -69,6 +69,7 @@ public:
     const TourStatistics& Statistics() const { return m_stats; }
     const EpochHandler& Epochs() const { return m_epochs; }
     TrackLogWriter& Log() { return m_log; }
+    const TrackLogWriter& Log() const { return m_log; }
 
 private:
     DeviceClock& m_clock;

@@ -5,6 +5,7 @@
 #include "gps/TrackLogReader.h"
 #include "gps/sources/SourceSettings.h"
 #include "nav/GeoSphere.h"
+#include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
 #include "shell/ui/LinePlot.h"

@@ -7,6 +7,7 @@
 #include "nav/Mgrs.h"
 #include "nav/PosFormat.h"
 #include "nav/Utm.h"
+#include "platform/DeviceClock.h"
 #include "shell/ui/FittedLabel.h"
 
 #include <QApplication>
