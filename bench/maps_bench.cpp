@@ -1,13 +1,13 @@
 // Raster maps in the loops that matter: the catalogue scan at start (10,000 maps, from .kal files and
 // from cache.ini), the map choice that runs at every redraw of a map page, the conversions of every
 // drawn position, and decoding a 10000 x 8000 JPEG within the memory budget.
+#include "BigJpeg.h"
 #include "maps/CMapCatalogue.h"
 #include "settings/RegistryHive.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QImageWriter>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <fstream>
@@ -142,20 +142,8 @@ void resetPeak() {
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-// The picture is kept in the temporary folder for the next run and for bench/maps.sh's peers.
 void LoadMapImage(benchmark::State& state) {
-    const QString path = QDir::temp().filePath("tarvik-bench-10000x8000.jpg");
-    if (!QFile::exists(path)) {
-        QImage image(10000, 8000, QImage::Format_RGB32);
-        for (int y = 0; y < image.height(); ++y) {
-            auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-            for (int x = 0; x < image.width(); ++x)
-                line[x] = qRgb((x * 7) & 255, (y * 5) & 255, ((x ^ y) * 3) & 255);
-        }
-        QImageWriter writer(path, "jpeg");
-        writer.setQuality(85);
-        writer.write(image);
-    }
+    const QString path = bigJpeg();
     CBenchHost host;
     CMapCatalogue catalogue(host);
     MapCalibration map(path);

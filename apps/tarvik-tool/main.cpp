@@ -1,7 +1,7 @@
 #include "Commands.h"
 #include "settings/RegistryHive.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <memory>
 
 namespace {
@@ -47,11 +47,22 @@ void printHelp(QTextStream& out) {
     out << "\n'tarvik-tool NOUN --help' tells more.\n";
 }
 
+// Drawing the demo's maps needs fonts, which only a GUI application has: that one verb gets one,
+// offscreen, so that the tool still needs no display.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char* argv[]) {
+    for (int i = 1; i + 1 < argc; ++i)
+        if (qstrcmp(argv[i], "demo") == 0 && qstrcmp(argv[i + 1], "maps") == 0) {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            return std::make_unique<QGuiApplication>(argc, argv);
+        }
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
-    QCoreApplication app(argc, argv);
-    QStringList args = app.arguments().mid(1);
+    const std::unique_ptr<QCoreApplication> app = makeApplication(argc, argv);
+    QStringList args = app->arguments().mid(1);
     QString rootOption;
     if (!args.isEmpty() && args.first() == QLatin1String("--root")) {
         // An empty root would silently become the default one: the user's real settings.

@@ -140,10 +140,11 @@ void CMapCatalogue::SelectBestMap() {
         m_fZoom = narrowZoom(m_fZoom / m_pCurrentMap->MetersPerPixel() * best->MetersPerPixel());
     m_pCurrentMap = best;
     m_host.RecomputeView();
-    if (!best->HasImage() && !best->MapFile().isEmpty() && !LoadMapImage(*best)) {
+    // A map still decoding is shown when the view has it; the others keep their images meanwhile.
+    if (!best->HasImage() && !best->MapFile().isEmpty() && RequestMapImage(*best) == ImageLoad::Failed) {
         for (const auto& map : m_maps)
             UnloadImage(*map);
-        LoadMapImage(*best);
+        RequestMapImage(*best);
     }
     if (best->HasImage()) m_host.DisplayMap(best);
     m_strMapFile = best->MapFile();

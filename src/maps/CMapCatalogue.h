@@ -32,14 +32,19 @@ public:
     // Rebuilds the catalogue from "cache.ini", or from the ".kal" files (then writes the cache).
     void ScanMaps();
     // Loads the current map's image (and, when asked, its calibration); a blank screen-sized map
-    // when no image is to be shown. False when the image cannot be loaded even after freeing memory.
+    // when no image is to be shown. False when the image cannot be loaded even after freeing memory,
+    // and while it is still decoding ("Load <name>" stays in the status area).
     bool LoadCurrentMap(bool reloadCalibration);
     // Makes the best-scoring map for the view's spot current; the catalogue is left sorted best first.
     void SelectBestMap();
     void ToggleAutoLoadNext();
+    // What became of a request for a map's image: loaded, failed, or still decoding on the view's
+    // worker (the view repeats LoadCurrentMap when it is there).
+    enum class ImageLoad { Loaded, Failed, Decoding };
     // Loads one map's image when (width x height + 524288) x 2 bytes are free, judged on the size
     // recorded for it before decoding.
-    bool LoadMapImage(MapCalibration& map);
+    ImageLoad RequestMapImage(MapCalibration& map);
+    bool LoadMapImage(MapCalibration& map) { return RequestMapImage(map) == ImageLoad::Loaded; }
     static void UnloadImage(MapCalibration& map) { map.UnloadImage(); }
     // "Karteninformationen": one line "name: width*height metres-per-pixel" per loaded map.
     void ShowMapInfo();

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "maps/MapImageLoader.h"
+
+#include <QImage>
 #include <QSize>
 #include <QString>
 #include <optional>
@@ -38,4 +41,8 @@ public:
     virtual void ShowMessage(const QString& /*title*/, const QString& /*text*/) {}
     // The application's memory release, asked for before a failed image load is tried again.
     virtual void FreeMemory() {}
+    // Decodes a map image (a null image when it cannot be read). By default at once; a view with a
+    // screen decodes on a worker thread so that its window never freezes: it answers nothing while
+    // the image is decoding and, once it is there, repeats the LoadCurrentMap that asked for it.
+    virtual std::optional<QImage> DecodeImage(const QString& path) { return MyLoadBitmap(path); }
 };

@@ -3,6 +3,7 @@
 #include "settings/DevLog.h"
 
 #include <QImageReader>
+#include <algorithm>
 #include <mutex>
 #include <new>
 
@@ -50,4 +51,20 @@ QImage MyLoadBitmap(const QString& path) {
         }
     }
     return image;
+}
+
+QImage LoadReducedBitmap(const QString& path, int divisor) {
+    const std::lock_guard<std::mutex> guard(decoderLock());
+    try {
+        QImageReader reader(path);
+        const QSize size = reader.size();
+        if (!size.isValid() || divisor < 1 || !reader.supportsOption(QImageIOHandler::ScaledSize))
+            return QImage();
+        reader.setScaledSize(
+            QSize(std::max(1, size.width() / divisor), std::max(1, size.height() / divisor)));
+        return reader.read();
+    } catch (const std::exception& failure) {
+        devLog("!!!!!!!!!!Exception in MyLoadBitmap GetExceptionCode: %x", exceptionCode(failure));
+        return QImage();
+    }
 }

@@ -13,3 +13,7 @@ QSize ReadImageSize(const QString& path);
 // Decodes the file; a null image when neither the image decoder nor the plain bitmap reader can
 // read it. Failures inside the decoders are caught and logged, never passed on.
 QImage MyLoadBitmap(const QString& path);
+
+// A quick reduced decode for a preview while the whole image decodes: at 1/`divisor` of its size
+// when the decoder can scale while decoding (JPEG), else a null image. Behind the same lock.
+QImage LoadReducedBitmap(const QString& path, int divisor);

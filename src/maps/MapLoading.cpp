@@ -20,22 +20,24 @@ bool fitsBudget(const QString& path, int64_t width, int64_t height, int64_t avai
 
 } // namespace
 
-bool CMapCatalogue::LoadMapImage(MapCalibration& map) {
+CMapCatalogue::ImageLoad CMapCatalogue::RequestMapImage(MapCalibration& map) {
     UnloadImage(map);
     const QString& path = map.MapFile();
     const int64_t available = m_freeMemory();
     // Judged first on the size recorded for the map, then on the size in the image's header, which a
     // stale or forged ".kal" may understate.
-    if (!fitsBudget(path, map.MapSize().cx, map.MapSize().cy, available)) return false;
+    if (!fitsBudget(path, map.MapSize().cx, map.MapSize().cy, available)) return ImageLoad::Failed;
     const QSize header = ReadImageSize(path);
-    if (header.isValid() && !fitsBudget(path, header.width(), header.height(), available)) return false;
-    QImage image = MyLoadBitmap(path);
-    if (image.isNull()) return false;
-    image.convertTo(QImage::Format_RGB16); // the kept bitmap: two bytes a pixel, as the budget counts
-    if (image.isNull()) return false;
-    map.SetImage(image);
-    map.SetMapSize(Size{image.width(), image.height()});
-    return true;
+    if (header.isValid() && !fitsBudget(path, header.width(), header.height(), available))
+        return ImageLoad::Failed;
+    std::optional<QImage> image = m_host.DecodeImage(path);
+    if (!image) return ImageLoad::Decoding;
+    if (image->isNull()) return ImageLoad::Failed;
+    image->convertTo(QImage::Format_RGB16); // the kept bitmap: two bytes a pixel, as the budget counts
+    if (image->isNull()) return ImageLoad::Failed;
+    map.SetImage(*image);
+    map.SetMapSize(Size{image->width(), image->height()});
+    return ImageLoad::Loaded;
 }
 
 bool CMapCatalogue::LoadCurrentMap(bool reloadCalibration) {
@@ -53,14 +55,17 @@ bool CMapCatalogue::LoadCurrentMap(bool reloadCalibration) {
         return true;
     }
     m_host.SetStatusText(QStringLiteral("Load ") + m_strMapFile);
-    if (!LoadMapImage(*m_pCurrentMap)) {
+    ImageLoad load = RequestMapImage(*m_pCurrentMap);
+    if (load == ImageLoad::Failed) {
         m_host.FreeMemory();
-        if (!LoadMapImage(*m_pCurrentMap)) {
-            m_host.SetStatusText(QStringLiteral("Error while loading ") + m_strMapFile);
-            UpdateTitle();
-            m_host.Repaint();
-            return false;
-        }
+        load = RequestMapImage(*m_pCurrentMap);
+    }
+    if (load == ImageLoad::Decoding) return false;
+    if (load == ImageLoad::Failed) {
+        m_host.SetStatusText(QStringLiteral("Error while loading ") + m_strMapFile);
+        UpdateTitle();
+        m_host.Repaint();
+        return false;
     }
     m_host.SetStatusText(QString());
     if (reloadCalibration) {

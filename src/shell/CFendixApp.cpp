@@ -13,6 +13,7 @@
 #include "gps/ui/CSatelliteView.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "maps/ui/CMapView.h"
 #include "nav/poi/PoiLoader.h"
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
@@ -116,6 +117,10 @@ void CFendixApp::WatchSettingsWrites() {
 PageFactory CFendixApp::MakePages() {
     PageFactory pages;
     pages.add(PageTable::kSpeed, [this](QWidget* parent) { return new CSpeedView(*m_pDoc, parent); });
+    // Five independent map views, each with its own catalogue and settings key.
+    for (int instance = 0; instance < 5; ++instance)
+        pages.add(uint16_t(PageTable::kMap + instance),
+                  [this, instance](QWidget* parent) { return new CMapView(*m_pDoc, instance, parent); });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
     });

@@ -18,6 +18,7 @@
 #include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
+#include <optional>
 
 CMainFrame::CMainFrame(PageFactory factory, QWidget* parent)
     : QMainWindow(parent), m_factory(std::move(factory)) {
@@ -89,6 +90,10 @@ CPageView* CMainFrame::PageFor(uint16_t command) {
     if (!page) return nullptr;
     m_pStack->addWidget(page);
     m_pages[command] = page;
+    connect(page, &CPageView::titleChanged, this, [this, page] {
+        if (page == m_pCurrentPage) UpdateTitle();
+    });
+    connect(page, &CPageView::memoryWanted, this, [this] { FreeMemory(true); });
     return page;
 }
 
@@ -110,7 +115,7 @@ bool CMainFrame::SelectPage(uint16_t command) {
                              : PageTable::name(command);
     CRegistryKey key;
     writeSetting(key, ShellSettings::kCurrentView, name);
-    setWindowTitle(QStringLiteral("Tarvik ") + name);
+    UpdateTitle();
     UpdateMenuChecks();
     page->OnUpdate(0);
     return true;
@@ -124,6 +129,19 @@ void CMainFrame::SelectPageByName(const QString& name) {
             SelectPage(uint16_t(PageTable::kFirstUserPage + i)))
             return;
     SelectPage(PageTable::kSourceSettings);
+}
+
+void CMainFrame::UpdateTitle() {
+    const QString own = m_pCurrentPage ? m_pCurrentPage->PageTitle() : QString();
+    if (!own.isEmpty()) {
+        setWindowTitle(own);
+        return;
+    }
+    const uint16_t command = m_nCurrentCommand;
+    setWindowTitle(QStringLiteral("Tarvik ") +
+                   (PageTable::isUserPage(command)
+                        ? m_factory.userPages()[command - PageTable::kFirstUserPage].name
+                        : PageTable::name(command)));
 }
 
 QStringList CMainFrame::PageNames() const {
@@ -160,11 +178,19 @@ void CMainFrame::RunCommand(uint16_t command) {
         Exit();
         return;
     }
+    const auto pageCommand =
+        command == PageTable::kFollowPosition    ? std::optional(PageCommand::FollowPosition)
+        : command == PageTable::kExtendedMenuBar ? std::optional(PageCommand::ExtendedMenuBar)
+                                                 : std::nullopt;
+    if (pageCommand && m_pCurrentPage && m_pCurrentPage->OnCommand(*pageCommand)) return;
     if (!SelectPage(command)) Q_EMIT commandTriggered(command);
 }
 
 void CMainFrame::FreeMemory(bool bAggressive) {
     devLog("MyFreeMem");
+    // The hidden pages let go of their cached data (the map pages of their images).
+    for (const auto& [command, page] : m_pages)
+        if (page != m_pCurrentPage) page->DropCachedData();
     CRegistryKey key;
     if (readSetting(key, ShellSettings::kCleanIECache) &&
         QDir(DeviceRoot::current().cacheFolder()).removeRecursively())

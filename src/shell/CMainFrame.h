@@ -59,6 +59,8 @@ private:
     void BuildMenu();
     void RebuildCommandBar();
     void UpdateMenuChecks();
+    // The shown page's own title, else "Tarvik " and its name.
+    void UpdateTitle();
     void RunCommand(uint16_t command);
     CPageView* PageFor(uint16_t command);
 

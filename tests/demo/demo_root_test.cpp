@@ -78,6 +78,8 @@ TEST(DemoRoot, FillsItsOwnRootOncePerVersionOfTheData) {
     EXPECT_EQ(bytesOf(drive), bytesOf(kDemoData + "/drive.nmea"));
     for (const int speed : DemoSpeedSounds::speeds())
         EXPECT_TRUE(QFile::exists(root.hostPath(QString("/My Documents/SpeedWaves/%1.wav").arg(speed))));
+    for (const char* map : {"Leutkirch.png", "Leutkirch.kal", "Allgaeu.jpg", "Allgaeu.kal"})
+        EXPECT_TRUE(QFile::exists(root.hostPath(QString("/My Documents/Karten/") + map))) << map;
     QString value;
     EXPECT_FALSE(CRegistryKey().ReadString("Source", value)) << "nothing in the user's registry";
     {
@@ -103,7 +105,7 @@ TEST(DemoRoot, FillsItsOwnRootOncePerVersionOfTheData) {
     {
         DemoHive hive(demo.path());
         CRegistryKey().ReadString("CurrentView", value);
-        EXPECT_EQ(value, "Geschwindigkeitsanzeige") << "new data, new settings";
+        EXPECT_EQ(value, "Kartenanzeige") << "new data, new settings";
     }
     for (const char* suffix : {"", "-wal", "-shm"})
         QFile::remove(root.registryFile() + suffix);

@@ -140,3 +140,29 @@ TEST(MapLoading, OpenMapRebuildsTheCacheAndRemembersTheMap) {
     EXPECT_EQ(restarted.MapFile(), second);
     EXPECT_TRUE(restarted.AutoLoadNext());
 }
+
+// A view that decodes on a worker: the first request finds the image still decoding, the repeated
+// LoadCurrentMap finds it decoded.
+TEST(MapLoading, ImageDecodingElsewhereKeepsTheStatusUntilItIsThere) {
+    TestRoot root;
+    const QString picture = writeCalibratedMap(root, "map.png");
+    struct WorkerHost : CRecordingHost {
+        bool m_bDone = false;
+        std::optional<QImage> DecodeImage(const QString& path) override {
+            if (m_bDone) return MyLoadBitmap(path);
+            return std::nullopt;
+        }
+    } host;
+    CMapCatalogue catalogue(host);
+    catalogue.SetShowMap(true);
+    catalogue.SetMapFile(picture);
+    EXPECT_FALSE(catalogue.LoadCurrentMap(true));
+    EXPECT_EQ(host.m_strStatus, "Load " + picture);
+    EXPECT_EQ(host.m_nFreeMemoryCalls, 0) << "decoding is no failure";
+    EXPECT_EQ(host.m_pDisplayed, nullptr);
+    host.m_bDone = true;
+    EXPECT_TRUE(catalogue.LoadCurrentMap(true));
+    EXPECT_EQ(host.m_strStatus, "");
+    EXPECT_EQ(host.m_pDisplayed, catalogue.CurrentMap());
+    EXPECT_FALSE(catalogue.IsUncalibrated());
+}

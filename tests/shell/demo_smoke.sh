@@ -38,5 +38,5 @@ echo "pixels changed between the screenshots: $changed"
 tour=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' Tour)
 echo "tour saved: $tour km"
 view=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' CurrentView)
-[ "$view" = "Geschwindigkeitsanzeige" ] || { echo "unexpected page $view"; exit 1; }
+[ "$view" = "Kartenanzeige" ] || { echo "unexpected page $view"; exit 1; }
 ls "$work/root/My Documents/TragLog/"*.txt > /dev/null || { echo "no track log written"; exit 1; }
