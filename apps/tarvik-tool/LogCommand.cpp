@@ -5,8 +5,6 @@
 #include "gps/logbook/TrackExport.h"
 #include "settings/CRegistryKey.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -68,20 +66,14 @@ int exportCommand(ToolContext& ctx, const QStringList& args) {
     QString problem;
     const auto acceptAll = acceptAllTalkers(options, problem);
     if (!acceptAll) return ctx.usageError(problem, kUsage);
-    QFile file(options.positional().at(0));
-    if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
-    const QString name = QFileInfo(file.fileName()).completeBaseName();
-    const QDateTime start = Logbook::startFromName(QFileInfo(file.fileName()).fileName());
-    const QDate date = start.isValid() ? start.date() : QDate::currentDate();
-    const std::vector<LogEpoch> epochs =
-        readLogEpochs(file.readAll(), QDate(1970, 1, 1).daysTo(date), *acceptAll);
-
-    QByteArray bytes;
-    if (options.has("--kml")) bytes = TrackExport::kml(epochs, name);
-    if (options.has("--csv")) bytes = TrackExport::csv(epochs);
-    if (options.has("--gpx")) return ctx.inputError("GPX export is not available in this build");
+    const TrackExport::Format format = options.has("--gpx")   ? TrackExport::Format::Gpx
+                                       : options.has("--kml") ? TrackExport::Format::Kml
+                                                              : TrackExport::Format::Csv;
+    const std::optional<QByteArray> bytes =
+        TrackExport::exportLog(options.positional().at(0), format, *acceptAll);
+    if (!bytes) return ctx.inputError("cannot read " + options.positional().at(0));
     QSaveFile out(options.positional().at(1));
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
+    if (!out.open(QIODevice::WriteOnly) || out.write(*bytes) != bytes->size() || !out.commit())
         return ctx.inputError("cannot write " + out.fileName() + ": " + out.errorString());
     return ToolContext::kOk;
 }

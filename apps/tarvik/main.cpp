@@ -3,6 +3,7 @@
 #include "platform/session/DisplayCheck.h"
 #include "settings/RegistryHive.h"
 #include "shell/CFendixApp.h"
+#include "shell/PageTable.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -12,12 +13,14 @@
 namespace {
 
 void printUsage(const QList<QCommandLineOption>& options) {
-    std::printf("usage: tarvik [--root DIR] [--demo] [--fullscreen]\n\nTarvik, the GPS companion.\n\n");
+    std::printf(
+        "usage: tarvik [--root DIR] [--demo] [--fullscreen] [--page NAME]\n\nTarvik, the GPS companion.\n\n");
     for (const QCommandLineOption& option : options) {
         QString name = QStringLiteral("--") + option.names().constLast();
         if (!option.valueName().isEmpty()) name += ' ' + option.valueName();
         std::printf("  %-16s %s\n", qPrintable(name), qPrintable(option.description()));
     }
+    std::printf("\nPages for --page: %s\n", qPrintable(PageTable::pageNames().join(QStringLiteral(", "))));
 }
 
 } // namespace
@@ -33,10 +36,14 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption demoOption(QStringLiteral("demo"),
                                         QStringLiteral("Replay the demo drive in a device root of its own."));
     const QCommandLineOption fullOption(QStringLiteral("fullscreen"), QStringLiteral("Fill the screen."));
+    const QCommandLineOption pageOption(QStringLiteral("page"),
+                                        QStringLiteral("Start on this page instead of the last one shown."),
+                                        QStringLiteral("NAME"));
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("Show this help."));
     const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
-    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption, helpOption, versionOption};
+    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,
+                                               pageOption, helpOption, versionOption};
     QCommandLineParser parser;
     parser.addOptions(options);
     if (!parser.parse(arguments)) {
@@ -53,6 +60,12 @@ int main(int argc, char* argv[]) {
     }
     if (parser.isSet(rootOption) && parser.value(rootOption).isEmpty()) {
         std::fprintf(stderr, "tarvik: --root needs a folder\n");
+        return 2;
+    }
+    const QString startPage = parser.value(pageOption);
+    if (parser.isSet(pageOption) && !PageTable::pageNames().contains(startPage)) {
+        std::fprintf(stderr, "tarvik: no page named \"%s\" (tarvik --help lists them)\n",
+                     qPrintable(startPage));
         return 2;
     }
     if (const QString reason = missingDisplayReason(); !reason.isEmpty()) {
@@ -84,6 +97,6 @@ int main(int argc, char* argv[]) {
     RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.registryFile()));
 
     CFendixApp tarvik(root);
-    if (!tarvik.InitInstance(parser.isSet(fullOption))) return 1;
+    if (!tarvik.InitInstance(parser.isSet(fullOption), startPage)) return 1;
     return app.exec();
 }

@@ -50,7 +50,7 @@ CFendixApp::~CFendixApp() {
     Shutdown();
 }
 
-bool CFendixApp::InitInstance(bool bFullScreen) {
+bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     devLog("ver: %s", TARVIK_VERSION);
     CRegistryKey key;
     m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
@@ -72,8 +72,9 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSounds->loadSettings();
     m_pDoc->SetAlertHooks(m_pSounds.get());
 
-    m_pFrame->SelectPageByName(
-        readStoredSetting(key, ShellSettings::kCurrentView).value_or(PageTable::name(PageTable::kSpeed)));
+    m_pFrame->SelectPageByName(!startPage.isEmpty() ? startPage
+                                                    : readStoredSetting(key, ShellSettings::kCurrentView)
+                                                          .value_or(PageTable::name(PageTable::kSpeed)));
     if (bFullScreen) {
         m_pFrame->setGeometry(m_pFrame->screen()->geometry()); // also without a window manager (kiosk)
         m_pFrame->showFullScreen();

@@ -31,8 +31,9 @@ public:
     explicit CFendixApp(const DeviceRoot& root);
     ~CFendixApp() override;
 
-    // Builds and shows everything; false when the window cannot be made.
-    bool InitInstance(bool bFullScreen);
+    // Builds and shows everything, on `startPage` when given, else on the page of "CurrentView"; false
+    // when the window cannot be made.
+    bool InitInstance(bool bFullScreen, const QString& startPage = {});
     CMainFrame& Frame() { return *m_pFrame; }
     CFendixDoc& Document() { return *m_pDoc; }
 

@@ -111,41 +111,50 @@ TEST(Logbook, ReadOnlyLogsAreListedButNotWritten) {
     EXPECT_EQ(result.err.count('\n'), 1);
 }
 
-// GPSBabel is the oracle: the KML export read back by it gives the points, times and altitudes
-// that it reads from the log itself.
-TEST(LogExport, KmlReadsBackInGpsBabelAsTheLogItself) {
+// GPSBabel is the oracle: the KML and GPX exports read back by it give the points, times and
+// altitudes it reads from the log itself; GPX also the fix, satellites and HDOP. (GPSBabel reads no
+// speed or course from GPX.)
+TEST(LogExport, ExportsReadBackInGpsBabelAsTheLogItself) {
     const QString gpsbabel = QStandardPaths::findExecutable(QStringLiteral("gpsbabel"));
     const std::optional<QString> shared = sharedDataDir();
     if (gpsbabel.isEmpty() || !shared) GTEST_SKIP() << "needs gpsbabel and ../shared/data";
     TestRoot root;
-    const auto babel = [&gpsbabel](const QString& format, const QString& file) {
+    const auto babel = [&gpsbabel](const QString& format, const QString& file,
+                                   const QList<QByteArray>& columns) {
         QProcess process;
         process.start(gpsbabel, {"-t", "-i", format, "-f", file, "-o", "unicsv,utc=0", "-F", "-"});
         process.waitForFinished(60000);
-        QList<QByteArray> rows;
+        QStringList rows;
         const QList<QByteArray> lines = process.readAllStandardOutput().split('\n');
         const QList<QByteArray> header = lines.value(0).trimmed().split(',');
-        const QList<int> wanted = {int(header.indexOf("Latitude")), int(header.indexOf("Longitude")),
-                                   int(header.indexOf("Altitude")), int(header.indexOf("Date")),
-                                   int(header.indexOf("Time"))};
         for (const QByteArray& line : lines.mid(1)) {
             const QList<QByteArray> fields = line.trimmed().split(',');
             QByteArray row;
-            for (int column : wanted)
-                row += fields.value(column) + ';';
-            if (!line.trimmed().isEmpty()) rows << row;
+            for (const QByteArray& column : columns)
+                row += fields.value(header.indexOf(column), "missing") + ';';
+            if (!line.trimmed().isEmpty()) rows << QString::fromUtf8(row);
         }
         return rows;
     };
+    const QList<QByteArray> placed = {"Latitude", "Longitude", "Altitude", "Date", "Time"};
+    struct Case {
+        const char* option;
+        const char* format; // GPSBabel's
+        QList<QByteArray> columns;
+    } const cases[] = {
+        {"--kml", "kml", placed},
+        {"--gpx", "gpx", placed + QList<QByteArray>{"FIX", "Satellites", "HDOP"}},
+    };
     // Only logs whose epochs all carry GGA and RMC: where a log starts with an RMC of its own,
     // GPSBabel makes a point of it without altitude, which the export joins to the GGA's epoch.
-    for (const char* name : {"gpsbabel/track-nmea.nmea"}) {
-        const QString log = *shared + "/nmea/" + name;
-        const QString kml = root.file("out.kml");
-        const ToolResult result = runTool({"--root", root.path(), "log", "export", log, "--kml", kml});
-        ASSERT_EQ(result.exitCode, 0) << name << result.err.toStdString();
-        const QList<QByteArray> expected = babel("nmea", log);
-        EXPECT_FALSE(expected.isEmpty()) << name;
-        EXPECT_EQ(babel("kml", kml), expected) << name;
+    const QString log = *shared + "/nmea/gpsbabel/track-nmea.nmea";
+    ASSERT_FALSE(babel("nmea", log, placed).isEmpty()) << "GPSBabel reads no points";
+    for (const Case& c : cases) {
+        const QString out = root.file(QStringLiteral("out.") + c.format);
+        const ToolResult result = runTool({"--root", root.path(), "log", "export", log, c.option, out});
+        ASSERT_EQ(result.exitCode, 0) << c.option << result.err.toStdString();
+        EXPECT_EQ(babel(c.format, out, c.columns).join('\n').toStdString(),
+                  babel("nmea", log, c.columns).join('\n').toStdString())
+            << c.option;
     }
 }

@@ -2,7 +2,6 @@
 
 #include "gps/CFendixDoc.h"
 #include "gps/RecordingSettings.h"
-#include "gps/logbook/LogEpochs.h"
 #include "gps/logbook/TrackExport.h"
 #include "gps/sources/SourceSettings.h"
 #include "platform/DeviceRoot.h"
@@ -18,6 +17,7 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QTableWidget>
+#include <algorithm>
 
 namespace {
 
@@ -135,8 +135,14 @@ void CLogbookView::Export() {
     QMenu menu(this);
     QAction* logbookCsv = menu.addAction(QStringLiteral("Fahrtenbuch als CSV"));
     const LogbookEntry* entry = Selected();
-    QAction* kml = entry ? menu.addAction(QStringLiteral("Fahrt als KML")) : nullptr;
-    QAction* csv = entry ? menu.addAction(QStringLiteral("Fahrt als CSV")) : nullptr;
+    std::vector<std::pair<QAction*, TrackExport::Format>> trips;
+    if (entry)
+        for (TrackExport::Format format :
+             {TrackExport::Format::Gpx, TrackExport::Format::Kml, TrackExport::Format::Csv})
+            trips.emplace_back(
+                menu.addAction(QStringLiteral("Fahrt als %1")
+                                   .arg(QString::fromLatin1(TrackExport::suffix(format)).toUpper())),
+                format);
     QAction* chosen = menu.exec(QCursor::pos());
     if (!chosen) return;
     if (chosen == logbookCsv) {
@@ -146,17 +152,20 @@ void CLogbookView::Export() {
         if (!path.isEmpty()) saveBytes(this, path, Logbook::csv(byName));
         return;
     }
-    const QString base = QFileInfo(entry->m_strFileName).completeBaseName();
-    const bool bKml = chosen == kml;
-    const QString path =
-        QFileDialog::getSaveFileName(this, chosen->text(), base + (bKml ? ".kml" : ".csv"),
-                                     bKml ? QStringLiteral("KML (*.kml)") : QStringLiteral("CSV (*.csv)"));
+    const auto trip = std::ranges::find(trips, chosen, &std::pair<QAction*, TrackExport::Format>::first);
+    if (trip == trips.end()) return;
+    const QString suffix = QString::fromLatin1(TrackExport::suffix(trip->second));
+    const QString path = QFileDialog::getSaveFileName(
+        this, chosen->text(), QFileInfo(entry->m_strFileName).completeBaseName() + '.' + suffix,
+        QStringLiteral("%1 (*.%2)").arg(suffix.toUpper(), suffix));
     if (path.isEmpty()) return;
-    QFile log(entry->m_strPath);
-    if (!log.open(QIODevice::ReadOnly)) return;
     CRegistryKey key;
-    const QDate date = entry->m_start.isValid() ? entry->m_start.date() : QDate::currentDate();
-    const std::vector<LogEpoch> epochs = readLogEpochs(log.readAll(), QDate(1970, 1, 1).daysTo(date),
-                                                       readSetting(key, SourceSettings::kAcceptAllTalkers));
-    saveBytes(this, path, bKml ? TrackExport::kml(epochs, base) : TrackExport::csv(epochs));
+    const std::optional<QByteArray> bytes = TrackExport::exportLog(
+        entry->m_strPath, trip->second, readSetting(key, SourceSettings::kAcceptAllTalkers));
+    if (!bytes) {
+        QMessageBox::warning(this, QStringLiteral("Fahrtenbuch"),
+                             QStringLiteral("%1 kann nicht gelesen werden.").arg(entry->m_strPath));
+        return;
+    }
+    saveBytes(this, path, *bytes);
 }
