@@ -28,21 +28,13 @@
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
+#include "shell/TouchStyle.h"
 #include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
-
-namespace {
-// Targets a finger can hit on a car-mounted touch screen.
-constexpr const char* kTouchStyle =
-    "QLineEdit, QSpinBox, QPushButton { min-height: 34px; }"
-    "QCheckBox { min-height: 34px; }"
-    "QCheckBox::indicator { width: 22px; height: 22px; }"
-    "QScrollBar:vertical { width: 24px; } QScrollBar:horizontal { height: 24px; }";
-} // namespace
 
 CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root), m_clock(SystemDeviceClock::SetTime::Allowed) {}
 
@@ -58,7 +50,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pSource = std::make_unique<DocumentSource>(*m_pDoc, m_root, m_clock);
     m_pSource->setMessageHandler([this](const QString& text) { ShowNotice(text); });
 
-    qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
+    qApp->setStyleSheet(QString::fromLatin1(TouchStyle::kStyleSheet));
     m_pPois = std::make_unique<PoiLoader>();
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());

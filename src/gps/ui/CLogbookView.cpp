@@ -9,7 +9,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QMenu>
@@ -53,16 +53,16 @@ CLogbookView::CLogbookView(const CFendixDoc& doc, std::function<void(const QStri
     auto* comment = new QPushButton(QStringLiteral("Kommentar"), this);
     auto* diagrams = new QPushButton(QStringLiteral("Diagramme"), this);
     auto* exportButton = new QPushButton(QStringLiteral("Export"), this);
-    auto* buttons = new QHBoxLayout;
-    for (QPushButton* button : {comment, diagrams, exportButton}) {
+    m_buttons = {comment, diagrams, exportButton};
+    for (QPushButton* button : m_buttons)
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        button->setMinimumWidth(40);
-        buttons->addWidget(button);
-    }
+    m_pButtons = new QGridLayout;
+    m_pButtons->setSpacing(2);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
     layout->addWidget(m_pTable, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(m_pButtons);
+    PlaceButtons(false);
     connect(comment, &QPushButton::clicked, this, &CLogbookView::EditComment);
     connect(m_pTable, &QTableWidget::cellDoubleClicked, this, &CLogbookView::EditComment);
     connect(diagrams, &QPushButton::clicked, this, [this] {
@@ -70,6 +70,23 @@ CLogbookView::CLogbookView(const CFendixDoc& doc, std::function<void(const QStri
             m_openInDiagrams(entry->m_strPath);
     });
     connect(exportButton, &QPushButton::clicked, this, &CLogbookView::Export);
+}
+
+void CLogbookView::PlaceButtons(bool bNarrow) {
+    // Three words side by side need about 300 px; a handheld takes them in two rows.
+    for (QPushButton* button : m_buttons)
+        m_pButtons->removeWidget(button);
+    m_pButtons->addWidget(m_buttons[0], 0, 0);
+    m_pButtons->addWidget(m_buttons[1], 0, 1);
+    if (bNarrow)
+        m_pButtons->addWidget(m_buttons[2], 1, 0, 1, 2);
+    else
+        m_pButtons->addWidget(m_buttons[2], 0, 2);
+}
+
+void CLogbookView::resizeEvent(QResizeEvent* event) {
+    PlaceButtons(width() < 300);
+    CPageView::resizeEvent(event);
 }
 
 void CLogbookView::showEvent(QShowEvent* event) {
@@ -80,13 +97,19 @@ void CLogbookView::showEvent(QShowEvent* event) {
 void CLogbookView::Reload() {
     CRegistryKey key;
     const QString folder = DeviceRoot::current().hostPath(readSetting(key, RecordingSettings::kLogDirectory));
-    m_entries = Logbook::list(folder, DeviceRoot::current(), true, m_doc.Log().path());
+    m_strListedLog = m_doc.Log().path();
+    m_entries = Logbook::list(folder, DeviceRoot::current(), true, m_strListedLog);
     std::ranges::reverse(m_entries);
     m_pTable->setRowCount(int(m_entries.size()));
     OnUpdate(0);
 }
 
 void CLogbookView::OnUpdate(uint16_t) {
+    // A run that starts while the page is shown brings its new log file.
+    if (isVisible() && m_doc.Log().path() != m_strListedLog) {
+        Reload();
+        return;
+    }
     const QFileInfo recording(m_doc.Log().path());
     for (size_t i = 0; i < m_entries.size(); ++i) {
         const LogbookEntry& entry = m_entries[i];

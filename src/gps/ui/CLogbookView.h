@@ -3,9 +3,12 @@
 #include "gps/logbook/Logbook.h"
 #include "shell/ui/CPageView.h"
 
+#include <array>
 #include <functional>
 
 class CFendixDoc;
+class QGridLayout;
+class QPushButton;
 class QTableWidget;
 
 // The logbook of trips "Fahrtenbuch": one row per log file, newest first, with start, distance,
@@ -24,14 +27,19 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void EditComment();
     void Export();
     const LogbookEntry* Selected() const;
+    void PlaceButtons(bool bNarrow);
 
     const CFendixDoc& m_doc;
     std::function<void(const QString&)> m_openInDiagrams;
     QTableWidget* m_pTable;
+    std::array<QPushButton*, 3> m_buttons{}; // comment, diagrams, export
+    QGridLayout* m_pButtons;
     std::vector<LogbookEntry> m_entries; // newest first
+    QString m_strListedLog;              // the log being recorded when the list was read
 };

@@ -44,10 +44,13 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
         choose->setToolTip(QStringLiteral("WAV-Datei wählen"));
         choose->setMinimumWidth(44);
         auto* test = new QPushButton(QStringLiteral("Test"), content);
-        grid->addWidget(r.pOn, row++, 0, 1, 3);
-        grid->addWidget(r.pFile, row, 0);
+        // The path takes a row of its own: on a handheld it needs the whole width.
+        choose->setMaximumWidth(60);
+        test->setMaximumWidth(80);
+        grid->addWidget(r.pOn, row, 0);
         grid->addWidget(choose, row, 1);
         grid->addWidget(test, row++, 2);
+        grid->addWidget(r.pFile, row++, 0, 1, 3);
         connect(r.pOn, &QCheckBox::toggled, this, &CModuleAlerts::Store);
         connect(r.pFile, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
         connect(choose, &QPushButton::clicked, this, [this, alert] { Choose(alert); });

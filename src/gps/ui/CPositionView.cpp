@@ -13,8 +13,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDateTime>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 // One notation: its name small above, its text as large as the row allows; a tap copies the text.
@@ -96,18 +98,47 @@ CPositionView::CPositionView(const CFendixDoc& doc, QWidget* parent) : CPageView
                          QStringLiteral("Höhe / HDOP / Satelliten"),
                          QStringLiteral("Zeit UTC"),
                          QStringLiteral("Ortszeit")};
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(2, 2, 2, 2);
-    layout->setSpacing(2);
+    // The rows keep a height that reads at a glance; when the screen has less, the page scrolls.
+    m_pContent = new QWidget;
     for (const QString& name : names) {
         m_rows.push_back(new NotationRow(
-            name, [this](const QString& copied) { Copied(copied); }, this));
-        layout->addWidget(m_rows.back(), 1);
+            name, [this](const QString& copied) { Copied(copied); }, m_pContent));
+        m_rows.back()->setMinimumHeight(kMinRowHeight);
     }
+    auto* grid = new QGridLayout(m_pContent);
+    grid->setContentsMargins(2, 2, 2, 2);
+    grid->setSpacing(2);
+    auto* scroll = new QScrollArea(this);
+    scroll->setWidget(m_pContent);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pNote = new QLabel(this);
     m_pNote->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(scroll, 1);
     layout->addWidget(m_pNote);
+    PlaceRows(1);
     OnUpdate(0);
+}
+
+void CPositionView::PlaceRows(int columns) {
+    auto* grid = static_cast<QGridLayout*>(m_pContent->layout());
+    if (m_nColumns == columns) return;
+    m_nColumns = columns;
+    for (NotationRow* row : m_rows)
+        grid->removeWidget(row);
+    const int perColumn = int(m_rows.size() + size_t(columns) - 1) / columns;
+    for (size_t i = 0; i < m_rows.size(); ++i)
+        grid->addWidget(m_rows[i], int(i) % perColumn, int(i) / perColumn);
+}
+
+void CPositionView::resizeEvent(QResizeEvent* event) {
+    // Landscape screens take two columns: the rows get twice the height and are still wide enough.
+    PlaceRows(width() > height() ? 2 : 1);
+    CPageView::resizeEvent(event);
 }
 
 void CPositionView::Copied(const QString& name) {
