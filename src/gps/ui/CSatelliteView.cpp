@@ -56,7 +56,7 @@ void CSatelliteView::resizeEvent(QResizeEvent* event) {
         grid->addWidget(m_pBars, 2, 0);
         grid->addWidget(m_pDop, 3, 0);
         grid->setRowStretch(0, 1);
-        grid->setRowStretch(1, 7);
+        grid->setRowStretch(1, 10);
         grid->setRowStretch(2, 4);
         grid->setRowStretch(3, 1);
     }
