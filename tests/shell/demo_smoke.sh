@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The program in a real window: the demo starts and replays (the speed digits change between two
-# screenshots taken seconds apart), then SIGTERM closes it cleanly (exit code 0) with the tour saved.
+# The program in a real window: the demo starts on the page --page names and replays (the position
+# page's times change between two screenshots taken seconds apart), then SIGTERM closes it cleanly
+# (exit code 0) with the tour saved. An unknown page is a usage error before any window.
 set -euo pipefail
 tarvik=$1
 tool=$2
@@ -9,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 
 cat > "$work/run.sh" <<SCRIPT
 set -u
-QT_QPA_PLATFORM=xcb "$tarvik" --demo --root "$work/root" 2> "$work/stderr" &
+QT_QPA_PLATFORM=xcb "$tarvik" --demo --root "$work/root" --page Position 2> "$work/stderr" &
 pid=\$!
 # Screenshots three seconds apart until two differ: a loaded machine may take a while to start.
 sleep 3
@@ -38,5 +39,10 @@ echo "pixels changed between the screenshots: $changed"
 tour=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' Tour)
 echo "tour saved: $tour km"
 view=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' CurrentView)
-[ "$view" = "Kartenanzeige" ] || { echo "unexpected page $view"; exit 1; }
+[ "$view" = "Position" ] || { echo "unexpected page $view"; exit 1; }
 ls "$work/root/My Documents/TragLog/"*.txt > /dev/null || { echo "no track log written"; exit 1; }
+set +e
+"$tarvik" --page Nirgends 2> "$work/stderr"
+code=$?
+set -e
+[ "$code" = 2 ] && [ "$(wc -l < "$work/stderr")" = 1 ] || { echo "unknown page: exit $code"; exit 1; }
