@@ -16,6 +16,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <cstdlib>
 
 namespace {
 
@@ -84,7 +85,8 @@ void CModuleDiagram::showEvent(QShowEvent* event) {
 
 void CModuleDiagram::OnUpdate(uint16_t) {
     if (!isVisible() || m_pChoice->currentIndex() != 0) return;
-    if (m_doc.Fix().m_tFixTime - m_tLoaded >= kRereadSeconds) Load();
+    // Either way: a replayed recording's times may lie before the time the page was first read.
+    if (std::llabs(m_doc.Fix().m_tFixTime - m_tLoaded) >= kRereadSeconds) Load();
 }
 
 void CModuleDiagram::Load() {
