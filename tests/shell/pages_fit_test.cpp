@@ -42,10 +42,11 @@ constexpr int kReadablePixels = 11;
 // A text field narrower than this shows too little of a path or a name to be recognised.
 constexpr int kMinFieldWidth = 120;
 
-bool insideScrollArea(const QWidget* widget, const QWidget* page) {
+// The scroll area the widget lies in on the page, if any.
+const QScrollArea* scrollAreaOf(const QWidget* widget, const QWidget* page) {
     for (const QWidget* w = widget->parentWidget(); w && w != page; w = w->parentWidget())
-        if (qobject_cast<const QScrollArea*>(w)) return true;
-    return false;
+        if (const auto* area = qobject_cast<const QScrollArea*>(w)) return area;
+    return nullptr;
 }
 
 // What does not fit on the page as it is laid out now, one line each.
@@ -60,8 +61,15 @@ QStringList misfits(QWidget* page) {
     for (QWidget* w : page->findChildren<QWidget*>()) {
         if (!w->isVisibleTo(page) || w->width() == 0) continue;
         const QRect onPage(w->mapTo(page, QPoint(0, 0)), w->size());
-        if (!insideScrollArea(w, page) && !page->rect().contains(onPage))
+        // Pages scroll vertically only: inside a scroll area a widget must still fit across.
+        if (const QScrollArea* area = scrollAreaOf(w, page)) {
+            if (!area->widget() || !area->widget()->isAncestorOf(w)) continue; // the area's own scroll bars
+            const int left = w->mapTo(area->viewport(), QPoint(0, 0)).x();
+            if (left < 0 || left + w->width() > area->viewport()->width())
+                found << name(w, QString()) + " reaches outside the page's width";
+        } else if (!page->rect().contains(onPage)) {
             found << name(w, QString()) + " reaches outside the page";
+        }
         if (const auto* label = qobject_cast<FittedLabel*>(w); label && !label->text().isEmpty()) {
             if (label->fittedPixelSize() < kReadablePixels)
                 found << name(w, label->text()) +

@@ -44,13 +44,11 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
         choose->setToolTip(QStringLiteral("WAV-Datei wählen"));
         choose->setMinimumWidth(44);
         auto* test = new QPushButton(QStringLiteral("Test"), content);
-        // The path takes a row of its own: on a handheld it needs the whole width.
-        choose->setMaximumWidth(60);
-        test->setMaximumWidth(80);
-        grid->addWidget(r.pOn, row, 0);
-        grid->addWidget(choose, row, 1);
-        grid->addWidget(test, row++, 2);
-        grid->addWidget(r.pFile, row++, 0, 1, 3);
+        // Three rows, each as wide as the page: a handheld has no room for a path beside a switch.
+        grid->addWidget(r.pOn, row++, 0, 1, 2);
+        grid->addWidget(r.pFile, row++, 0, 1, 2);
+        grid->addWidget(choose, row, 0);
+        grid->addWidget(test, row++, 1);
         connect(r.pOn, &QCheckBox::toggled, this, &CModuleAlerts::Store);
         connect(r.pFile, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
         connect(choose, &QPushButton::clicked, this, [this, alert] { Choose(alert); });
@@ -64,9 +62,10 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
     connect(m_pSoundOn, &QCheckBox::toggled, this, [this](bool bOn) {
         if (m_actions.setSoundOn) m_actions.setSoundOn(bOn);
     });
-    grid->addWidget(m_pSoundOn, row++, 0, 1, 3);
+    grid->addWidget(m_pSoundOn, row++, 0, 1, 2);
     grid->setRowStretch(row, 1);
     grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
     auto* scroll = new QScrollArea(this);
     scroll->setWidget(content);
     scroll->setWidgetResizable(true);
