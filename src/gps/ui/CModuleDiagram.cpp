@@ -16,6 +16,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -25,6 +26,13 @@ constexpr int64_t kRereadSeconds = 15; // the current run is read again at most 
 QString clockText(double seconds) {
     const int s = int(seconds);
     return QString::asprintf("%d:%02d", s / 3600, s / 60 % 60);
+}
+
+// The time axis: "m:ss" within the first hour, then "h:mm:ss", so that a short run's steps differ.
+QString axisClockText(double seconds) {
+    const int s = int(seconds);
+    return s < 3600 ? QString::asprintf("%d:%02d", s / 60, s % 60)
+                    : QString::asprintf("%d:%02d:%02d", s / 3600, s / 60 % 60, s % 60);
 }
 
 } // namespace
@@ -102,6 +110,11 @@ void CModuleDiagram::Load() {
     for (size_t i = 1; i < m_points.size(); ++i)
         m_km[i] = m_km[i - 1] + std::max(0.0, GeoDistance(m_points[i - 1].m_dLong, m_points[i - 1].m_dLat,
                                                           m_points[i].m_dLong, m_points[i].m_dLat));
+    // A log of GGA alone carries no speed: then it is the distance over the time between fixes.
+    if (std::ranges::all_of(m_points, [](const TrackPoint& point) { return point.m_fSpeed == 0; }))
+        for (size_t i = 1; i < m_points.size(); ++i)
+            if (const int64_t seconds = m_points[i].m_tTime - m_points[i - 1].m_tTime; seconds > 0)
+                m_points[i].m_fSpeed = float((m_km[i] - m_km[i - 1]) * 3600.0 / double(seconds));
     m_tLoaded = m_doc.Fix().m_tFixTime;
     Draw();
 }
@@ -123,7 +136,7 @@ void CModuleDiagram::Draw() {
     }
     const LinePlot::AxisText axis =
         m_bOverDistance ? LinePlot::AxisText([](double km) { return QString::number(km, 'g', 4) + " km"; })
-                        : LinePlot::AxisText(clockText);
+                        : LinePlot::AxisText(axisClockText);
     m_pSpeed->setPoints(speed, QStringLiteral("Geschwindigkeit km/h"), axis);
     m_pAltitude->setPoints(altitude, QStringLiteral("Höhe m"), axis);
     m_pSpeed->showAll();
