@@ -43,7 +43,7 @@ CLogbookView::CLogbookView(const CFendixDoc& doc, std::function<void(const QStri
     m_pTable->setHorizontalHeaderLabels({QStringLiteral("Start"), QStringLiteral("km"),
                                          QStringLiteral("Dauer"), QStringLiteral("Kommentar")});
     m_pTable->verticalHeader()->hide();
-    m_pTable->verticalHeader()->setDefaultSectionSize(36);
+    m_pTable->verticalHeader()->setDefaultSectionSize(44); // a finger's row
     m_pTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_pTable->horizontalHeader()->setStretchLastSection(true);
     m_pTable->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -86,6 +86,10 @@ void CLogbookView::PlaceButtons(bool bNarrow) {
 
 void CLogbookView::resizeEvent(QResizeEvent* event) {
     PlaceButtons(width() < 300);
+    // Larger type where the four columns have the room; a handheld keeps the style's size.
+    QFont font = m_pTable->font();
+    font.setPixelSize(width() < 400 ? QFontInfo(QWidget::font()).pixelSize() : 18);
+    m_pTable->setFont(font);
     CPageView::resizeEvent(event);
 }
 
