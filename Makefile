@@ -4,7 +4,7 @@ JOBS    ?= $(shell nproc)
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 
-.PHONY: run test build deps bench fuzz format clean
+.PHONY: run test build deps bench fuzz format clean screenshots
 
 run: build
 	$(BUILD)/apps/tarvik/tarvik --demo
@@ -26,6 +26,9 @@ fuzz: deps
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DTARVIK_FUZZ=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 	cmake --build $(FUZZ_BUILD) -j $(JOBS)
 	fuzz/run-all $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
+screenshots: build
+	scripts/screenshots $(BUILD) docs/screenshots
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -6,6 +6,7 @@
 #include "platform/session/DisplayCheck.h"
 #include "settings/RegistryHive.h"
 #include "shell/CFendixApp.h"
+#include "shell/PageTable.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -16,7 +17,8 @@ namespace {
 
 void printUsage(const QList<QCommandLineOption>& options) {
     std::printf(
-        "usage: tarvik [--root DIR] [--demo] [--fullscreen] [--goto LAT,LON[,NAME] | geo:URI]\n\n"
+        "usage: tarvik [--root DIR] [--demo] [--fullscreen] [--page NAME]\n"
+        "              [--goto LAT,LON[,NAME] | geo:URI]\n\n"
         "Tarvik, the GPS companion. A destination (--goto or a geo: URI) becomes the GoTo target; when\n"
         "Tarvik runs already, it is handed to the running one, and this start ends.\n\n");
     for (const QCommandLineOption& option : options) {
@@ -24,6 +26,7 @@ void printUsage(const QList<QCommandLineOption>& options) {
         if (!option.valueName().isEmpty()) name += ' ' + option.valueName();
         std::printf("  %-16s %s\n", qPrintable(name), qPrintable(option.description()));
     }
+    std::printf("\nPages for --page: %s\n", qPrintable(PageTable::pageNames().join(QStringLiteral(", "))));
 }
 
 } // namespace
@@ -42,11 +45,14 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption gotoOption(QStringLiteral("goto"),
                                         QStringLiteral("Set the GoTo target (degrees)."),
                                         QStringLiteral("LAT,LON[,NAME]"));
+    const QCommandLineOption pageOption(QStringLiteral("page"),
+                                        QStringLiteral("Start on this page instead of the last one shown."),
+                                        QStringLiteral("NAME"));
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("Show this help."));
     const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
     const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,
-                                               gotoOption, helpOption, versionOption};
+                                               gotoOption, pageOption, helpOption, versionOption};
     QCommandLineParser parser;
     parser.addOptions(options);
     if (!parser.parse(arguments)) {
@@ -78,6 +84,12 @@ int main(int argc, char* argv[]) {
     }
     if (parser.isSet(rootOption) && parser.value(rootOption).isEmpty()) {
         std::fprintf(stderr, "tarvik: --root needs a folder\n");
+        return 2;
+    }
+    const QString startPage = parser.value(pageOption);
+    if (parser.isSet(pageOption) && !PageTable::pageNames().contains(startPage)) {
+        std::fprintf(stderr, "tarvik: no page named \"%s\" (tarvik --help lists them)\n",
+                     qPrintable(startPage));
         return 2;
     }
     if (const QString reason = missingDisplayReason(); !reason.isEmpty()) {
@@ -112,7 +124,7 @@ int main(int argc, char* argv[]) {
     RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.registryFile()));
 
     CFendixApp tarvik(root);
-    if (!tarvik.InitInstance(parser.isSet(fullOption))) return 1;
+    if (!tarvik.InitInstance(parser.isSet(fullOption), startPage)) return 1;
     CGoToTarget& target = tarvik.Target();
     DestinationService destinations(
         [&target](double lon, double lat, const QString& name) { target.SetTarget(lon, lat, name); },

@@ -2,19 +2,23 @@
 
 #include "gps/GpsSettings.h"
 #include "gps/sources/GpsSourceController.h"
+#include "gps/sources/SourceSettings.h"
 #include "settings/CRegistryKey.h"
 
 #include <string_view>
 
 CFendixDoc::CFendixDoc(const DeviceRoot& root, DeviceClock& clock)
     : m_clock(clock), m_interpreter(clock), m_tourStore(clock), m_verifier(m_stats, m_tourStore),
-      m_log(root, clock), m_epochs(m_verifier) {}
+      m_log(root, clock), m_epochs(m_verifier) {
+    m_interpreter.setSatelliteObserver(&m_satellites);
+}
 
 void CFendixDoc::LoadSettings() {
     loadGpsFixStart(m_fix, m_clock);
     CRegistryKey key;
     m_verifier.loadSettings(key);
     m_epochs.loadSettings(key);
+    m_satellites.setAcceptAllTalkers(readSetting(key, SourceSettings::kAcceptAllTalkers));
     m_tourStore.load(m_stats);
     m_verifier.setLastPosition(m_fix.m_dPosLong, m_fix.m_dPosLat);
 }
@@ -36,6 +40,8 @@ uint16_t CFendixDoc::HandleSentence(const char* pLine, int nLength) {
 }
 
 void CFendixDoc::UpdateSettings(bool bResetStatistics) {
+    CRegistryKey key;
+    m_satellites.setAcceptAllTalkers(readSetting(key, SourceSettings::kAcceptAllTalkers));
     if (m_pSources) m_pSources->updateSettings(bResetStatistics);
 }
 
@@ -53,6 +59,7 @@ void CFendixDoc::ResetStatistics(bool bOpenLog) {
     m_fix.m_fSpeed = 0;
     m_fix.m_fCourse = 0;
     m_verifier.forgetPositions();
+    m_satellites.clear();
     if (bOpenLog) OpenLog();
     m_fix.m_nPendingChanges = 0;
 }

@@ -5,6 +5,7 @@
 #include "gps/GpsFix.h"
 #include "gps/NmeaInterpreter.h"
 #include "gps/PositionVerifier.h"
+#include "gps/SatelliteTable.h"
 #include "gps/TourStatistics.h"
 #include "gps/TourStore.h"
 #include "gps/TrackLogWriter.h"
@@ -25,6 +26,8 @@ public:
 
     // Reads the settings, loads the tour (or resets it when missing) and the last saved position.
     void LoadSettings();
+    // From now on the tour and the last position are kept in memory only, never saved.
+    void KeepSettingsUnchanged() { m_tourStore.keepInMemory(); }
 
     // The hand-over of one sentence (from its "$", with the line end it arrived with): raw-data
     // page, log file, interpreter, and the epoch handling when the fix changed. Returns the
@@ -61,14 +64,18 @@ public:
     GpsFix& Fix() { return m_fix; }
     const GpsFix& Fix() const { return m_fix; }
     NmeaInterpreter& Interpreter() { return m_interpreter; }
+    const SatelliteTable& Satellites() const { return m_satellites; }
+    const DeviceClock& Clock() const { return m_clock; }
     const TourStatistics& Statistics() const { return m_stats; }
     const EpochHandler& Epochs() const { return m_epochs; }
     TrackLogWriter& Log() { return m_log; }
+    const TrackLogWriter& Log() const { return m_log; }
 
 private:
     DeviceClock& m_clock;
     GpsFix m_fix;
     NmeaInterpreter m_interpreter;
+    SatelliteTable m_satellites;
     TourStatistics m_stats;
     TourStore m_tourStore;
     PositionVerifier m_verifier;

@@ -24,3 +24,8 @@ struct ReplaySummary {
 // takes the settings of the current hive, behaves like the "Simulate" source (it never sets the
 // clock) and sees no supervision ticks.
 ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log);
+
+// The same run without its traces: no log file is written and no setting is changed (the tour
+// and the last position stay in memory), so that a log can be measured after the fact with the
+// figures a replay gives. The summary's log file is empty.
+ReplaySummary measureLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log);

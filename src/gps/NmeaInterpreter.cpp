@@ -46,6 +46,13 @@ uint16_t NmeaInterpreter::interpret(std::string_view line, GpsFix& fix) {
         if (fields.count() < handler.nMinFields) return GpsChange::kUnderstood;
         return (this->*handler.handle)(fields, fix);
     }
+    // Other talkers' satellite sentences change nothing here; the observer decides whether it
+    // shows them ("AcceptAllTalkers"). Proprietary sentences ("$P...") are none of them.
+    const std::string_view name = fields.field(0);
+    if (m_pSatellites && name.size() == 6 && name[1] != 'P') {
+        if (name.substr(3) == "GSV") m_pSatellites->onGsv(fields);
+        if (name.substr(3) == "GSA") m_pSatellites->onGsa(fields);
+    }
     return GpsChange::kUnderstood;
 }
 

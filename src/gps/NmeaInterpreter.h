@@ -11,7 +11,8 @@ class NmeaFields;
 class SatelliteObserver;
 
 // Turns one received sentence into changes of a GpsFix (the talker must be "GP": $GPGGA, $GPRMC,
-// $GPGLL, $GPVTG; $GPGSA and $GPGSV go to the satellite observer). Allocates nothing.
+// $GPGLL, $GPVTG). GSA and GSV of every talker go to the satellite observer; only $GPGSA changes
+// the fix. Allocates nothing.
 class NmeaInterpreter {
 public:
     // The clock gives the date of the fix times and is set once from the first serial fix.

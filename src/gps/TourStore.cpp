@@ -19,6 +19,7 @@ void TourStore::load(TourStatistics& stats) {
 }
 
 void TourStore::save(const TourStatistics& stats) {
+    if (m_bInMemory) return;
     CRegistryKey key;
     writeSetting(key, RecordingSettings::kTourTime, stats.m_nTourTime);
     writeSetting(key, RecordingSettings::kTour, stats.m_dTourDistance);
@@ -28,11 +29,13 @@ void TourStore::reset(TourStatistics& stats) {
     stats.m_nTourTime = RecordingSettings::kTourTime.m_default;
     stats.m_dTourDistance = RecordingSettings::kTour.m_default;
     save(stats);
+    if (m_bInMemory) return;
     CRegistryKey key;
     writeSetting(key, RecordingSettings::kTourStart, static_cast<int32_t>(m_clock.localNow()));
 }
 
 void TourStore::saveLastPosition(double lon, double lat) {
+    if (m_bInMemory) return;
     CRegistryKey key;
     writeSetting(key, GpsSettings::kLastLong, static_cast<float>(lon));
     writeSetting(key, GpsSettings::kLastLat, static_cast<float>(lat));

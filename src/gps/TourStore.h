@@ -11,6 +11,9 @@ class TourStore {
 public:
     explicit TourStore(const DeviceClock& clock) : m_clock(clock) {}
 
+    // Keeps the tour in memory only: for runs that measure a log and must leave the settings alone.
+    void keepInMemory() { m_bInMemory = true; }
+
     // Loads "TourTime" and "Tour"; when either is missing the tour is reset (and so saved).
     void load(TourStatistics& stats);
     // "TourTime" and "Tour" from the statistics.
@@ -22,4 +25,5 @@ public:
 
 private:
     const DeviceClock& m_clock;
+    bool m_bInMemory = false;
 };

@@ -8,6 +8,11 @@
 #include "gps/sources/DocumentSource.h"
 #include "gps/sources/SourceSettings.h"
 #include "gps/sources/SourceTable.h"
+#include "gps/ui/CAltitudeView.h"
+#include "gps/ui/CLogbookView.h"
+#include "gps/ui/CModuleDiagram.h"
+#include "gps/ui/CPositionView.h"
+#include "gps/ui/CSatelliteView.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "maps/ui/CMapView.h"
@@ -33,6 +38,7 @@
 #include "shell/CMainFrame.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
+#include "shell/TouchStyle.h"
 #include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
@@ -40,22 +46,13 @@
 #include <QProcess>
 #include <QScreen>
 
-namespace {
-// Targets a finger can hit on a car-mounted touch screen.
-constexpr const char* kTouchStyle =
-    "QLineEdit, QSpinBox, QPushButton { min-height: 34px; }"
-    "QCheckBox { min-height: 34px; }"
-    "QCheckBox::indicator { width: 22px; height: 22px; }"
-    "QScrollBar:vertical { width: 24px; } QScrollBar:horizontal { height: 24px; }";
-} // namespace
-
 CFendixApp::CFendixApp(const DeviceRoot& root) : m_root(root), m_clock(SystemDeviceClock::SetTime::Allowed) {}
 
 CFendixApp::~CFendixApp() {
     Shutdown();
 }
 
-bool CFendixApp::InitInstance(bool bFullScreen) {
+bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     devLog("ver: %s", TARVIK_VERSION);
     CRegistryKey key;
     m_pDoc = std::make_unique<CFendixDoc>(m_root, m_clock);
@@ -63,7 +60,7 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSource = std::make_unique<DocumentSource>(*m_pDoc, m_root, m_clock);
     m_pSource->setMessageHandler([this](const QString& text) { ShowNotice(text); });
 
-    qApp->setStyleSheet(QString::fromLatin1(kTouchStyle));
+    qApp->setStyleSheet(QString::fromLatin1(TouchStyle::kStyleSheet));
     m_pPois = std::make_unique<PoiLoader>();
     m_pTarget = std::make_unique<CGoToTarget>();
     m_pWaypoints = std::make_unique<CWaypointList>();
@@ -84,8 +81,9 @@ bool CFendixApp::InitInstance(bool bFullScreen) {
     m_pSounds->loadSettings();
     m_pDoc->SetAlertHooks(m_pSounds.get());
 
-    m_pFrame->SelectPageByName(
-        readStoredSetting(key, ShellSettings::kCurrentView).value_or(PageTable::name(PageTable::kSpeed)));
+    m_pFrame->SelectPageByName(!startPage.isEmpty() ? startPage
+                                                    : readStoredSetting(key, ShellSettings::kCurrentView)
+                                                          .value_or(PageTable::name(PageTable::kSpeed)));
     if (bFullScreen) {
         m_pFrame->setGeometry(m_pFrame->screen()->geometry()); // also without a window manager (kiosk)
         m_pFrame->showFullScreen();
@@ -198,6 +196,17 @@ PageFactory CFendixApp::MakePages() {
         connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
         return page;
     });
+    pages.add(PageTable::kAltitude, [this](QWidget* parent) { return new CAltitudeView(*m_pDoc, parent); });
+    pages.add(PageTable::kSatellites,
+              [this](QWidget* parent) { return new CSatelliteView(*m_pDoc, parent); });
+    pages.add(PageTable::kPosition, [this](QWidget* parent) { return new CPositionView(*m_pDoc, parent); });
+    pages.add(PageTable::kDiagrams, [this](QWidget* parent) { return new CModuleDiagram(*m_pDoc, parent); });
+    pages.add(PageTable::kLogbook, [this](QWidget* parent) {
+        return new CLogbookView(
+            *m_pDoc, [this](const QString& log) { ShowLogInDiagrams(log); }, parent);
+    });
+    pages.add(PageTable::kAlerts,
+              [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
     return pages;
 }
 
@@ -226,6 +235,21 @@ std::optional<double> CFendixApp::TargetDistance() const {
     if (!m_pTarget->GetTarget(lon, lat)) return std::nullopt;
     const GpsFix& fix = m_pDoc->Fix();
     return GeoDistance(fix.m_dPosLong, fix.m_dPosLat, lon, lat);
+}
+
+CModuleAlerts::Actions CFendixApp::AlertActions() {
+    return {[this] { m_pSounds->loadAlertSounds(); },
+            [this](const QString& file) { m_pSoundOutput->playFile(file); },
+            [this] { return m_pSounds->isSoundOn(); },
+            [this](bool bOn) {
+                m_pSounds->setSoundOn(bOn);
+                m_pSounds->updateVolume(true);
+            }};
+}
+
+void CFendixApp::ShowLogInDiagrams(const QString& log) {
+    if (m_pFrame->SelectPage(PageTable::kDiagrams))
+        if (auto* diagrams = qobject_cast<CModuleDiagram*>(m_pFrame->CurrentPage())) diagrams->ShowLog(log);
 }
 
 void CFendixApp::StartAutoStartProgram() {

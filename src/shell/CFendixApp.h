@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gps/sources/StopEvent.h"
+#include "gps/ui/CModuleAlerts.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
@@ -34,14 +35,17 @@ public:
     explicit CFendixApp(const DeviceRoot& root);
     ~CFendixApp() override;
 
-    // Builds and shows everything; false when the window cannot be made.
-    bool InitInstance(bool bFullScreen);
+    // Builds and shows everything, on `startPage` when given, else on the page of "CurrentView"; false
+    // when the window cannot be made.
+    bool InitInstance(bool bFullScreen, const QString& startPage = {});
     CMainFrame& Frame() { return *m_pFrame; }
     CFendixDoc& Document() { return *m_pDoc; }
     CGoToTarget& Target() { return *m_pTarget; }
 
 private:
     PageFactory MakePages();
+    CModuleAlerts::Actions AlertActions();
+    void ShowLogInDiagrams(const QString& log);
     void StartAutoStartProgram();
     // "Speicher aktuelle Pos": the GPS position as a waypoint.
     void StorePosition();

@@ -6,13 +6,13 @@
 #include "shell/CommandBarLayout.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
+#include "shell/pages/AboutBox.h"
 #include "shell/ui/CPageView.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStyle>
@@ -171,8 +171,7 @@ void CMainFrame::UpdateMenuChecks() {
 
 void CMainFrame::RunCommand(uint16_t command) {
     if (command == PageTable::kAbout) {
-        QMessageBox::about(this, PageTable::name(command),
-                           QStringLiteral("Tarvik %1\nGPS-Begleiter").arg(QStringLiteral(TARVIK_VERSION)));
+        showAboutBox(this);
         return;
     }
     if (command == PageTable::kExit) {

@@ -63,6 +63,13 @@ QString menuText(const Entry& e) {
     return QString::fromUtf8(e.menuText ? e.menuText : e.name);
 }
 
+QStringList pageNames() {
+    QStringList names;
+    for (const Entry& e : kEntries)
+        if (e.kind != Kind::Command) names << QString::fromUtf8(e.name);
+    return names;
+}
+
 QList<const Entry*> menu(Menu group) {
     QList<const Entry*> items;
     for (const Entry& e : kEntries)

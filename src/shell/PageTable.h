@@ -82,6 +82,8 @@ const Entry* entry(uint16_t command);
 QString name(uint16_t command); // empty when the command is not in the table
 std::optional<uint16_t> command(const QString& name);
 QString menuText(const Entry& entry);
+// The names of the pages, in table order; commands are left out.
+QStringList pageNames();
 
 // The entries of one menu group in menu order.
 QList<const Entry*> menu(Menu group);

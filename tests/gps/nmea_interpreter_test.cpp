@@ -94,17 +94,18 @@ TEST(NmeaInterpreter, HandsSatelliteSentencesToTheObserver) {
     };
     for (const char* line : lines)
         EXPECT_EQ(interpreter.interpret(line, fix), GpsChange::kUnderstood) << line;
-    ASSERT_EQ(satellites.inViewCount(), 5);
-    const std::pair<int, SatelliteInView> expected[] = {
-        {0, {1, 40, 83, 46}}, {3, {14, 22, 228, 45}}, {4, {32, 88, 10, 0}}};
+    ASSERT_EQ(satellites.inView().size(), 5u);
+    const std::pair<int, SatelliteInView> expected[] = {{0, {GnssSystem::Gps, 1, 40, 83, 46, true}},
+                                                        {3, {GnssSystem::Gps, 14, 22, 228, 45, false}},
+                                                        {4, {GnssSystem::Gps, 32, 88, 10, 0, false}}};
     for (const auto& [index, satellite] : expected) {
-        EXPECT_EQ(satellites.inView(index).m_nPrn, satellite.m_nPrn) << index;
-        EXPECT_EQ(satellites.inView(index).m_nElevation, satellite.m_nElevation) << index;
-        EXPECT_EQ(satellites.inView(index).m_nAzimuth, satellite.m_nAzimuth) << index;
-        EXPECT_EQ(satellites.inView(index).m_nSnr, satellite.m_nSnr) << index;
+        const SatelliteInView& got = satellites.inView()[static_cast<size_t>(index)];
+        EXPECT_EQ(got.m_nPrn, satellite.m_nPrn) << index;
+        EXPECT_EQ(got.m_nElevation, satellite.m_nElevation) << index;
+        EXPECT_EQ(got.m_nAzimuth, satellite.m_nAzimuth) << index;
+        EXPECT_EQ(got.m_nSnr, satellite.m_nSnr) << index;
+        EXPECT_EQ(got.m_bUsed, satellite.m_bUsed) << index;
     }
-    EXPECT_TRUE(satellites.isUsed(2));
-    EXPECT_FALSE(satellites.isUsed(12));
     EXPECT_EQ(satellites.fixMode(), 3);
     EXPECT_FLOAT_EQ(satellites.vdop(), 2.1f);
     EXPECT_EQ(fix.m_nSatellites, 2);
@@ -129,6 +130,6 @@ TEST(SatelliteTable, KeepsOnlyCompleteGsvGroups) {
             ASSERT_TRUE(splitNmeaLine(line, fields));
             table.onGsv(fields);
         }
-        EXPECT_EQ(table.inViewCount(), c.nInView) << c.legend;
+        EXPECT_EQ(static_cast<int>(table.inView().size()), c.nInView) << c.legend;
     }
 }

@@ -2,6 +2,7 @@
 # The program in a real window: the demo starts on the town map and replays (the map moves between two
 # screenshots taken seconds apart), changes to the overview by itself when the drive leaves the town
 # (the window title names the map), then SIGTERM closes it cleanly (exit code 0) with the tour saved.
+# An unknown page is a usage error before any window.
 set -euo pipefail
 tarvik=$1
 tool=$2
@@ -51,3 +52,8 @@ echo "tour saved: $tour km"
 view=$("$tool" --root "$work/root" reg get 'HKCU\SOFTWARE\Omvale\Fendix' CurrentView)
 [ "$view" = "Kartenanzeige" ] || { echo "unexpected page $view"; exit 1; }
 ls "$work/root/My Documents/TragLog/"*.txt > /dev/null || { echo "no track log written"; exit 1; }
+set +e
+"$tarvik" --page Nirgends 2> "$work/stderr"
+code=$?
+set -e
+[ "$code" = 2 ] && [ "$(wc -l < "$work/stderr")" = 1 ] || { echo "unknown page: exit $code"; exit 1; }

@@ -1,0 +1,95 @@
+#include "gps/ui/CModuleAlerts.h"
+
+#include "gps/sound/SoundSettings.h"
+#include "platform/DeviceRoot.h"
+#include "settings/CRegistryKey.h"
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+
+namespace {
+
+struct AlertSettings {
+    const char* title;
+    const Setting<bool>& flag;
+    const Setting<const char*>& file;
+};
+
+const AlertSettings kAlerts[3] = {
+    {"Kein GPS-Fix", SoundSettings::kNoFixSound, SoundSettings::kNoFixSoundWav},
+    {"GPS-Fix wieder da", SoundSettings::kSignalSound, SoundSettings::kSignalSoundWav},
+    {"Keine Daten vom GPS", SoundSettings::kNoDataSound, SoundSettings::kNoDataSoundWav},
+};
+
+} // namespace
+
+CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
+    : CPageView(parent), m_actions(std::move(actions)) {
+    auto* content = new QWidget;
+    auto* grid = new QGridLayout(content);
+    CRegistryKey key;
+    int row = 0;
+    for (int alert = 0; alert < 3; ++alert) {
+        AlertRow& r = m_rows[alert];
+        r.pOn = new QCheckBox(QString::fromUtf8(kAlerts[alert].title), content);
+        r.pOn->setChecked(readSetting(key, kAlerts[alert].flag));
+        r.pFile = new QLineEdit(readSetting(key, kAlerts[alert].file), content);
+        auto* choose = new QPushButton(QStringLiteral("..."), content);
+        choose->setToolTip(QStringLiteral("WAV-Datei wählen"));
+        choose->setMinimumWidth(44);
+        auto* test = new QPushButton(QStringLiteral("Test"), content);
+        // Three rows, each as wide as the page: a handheld has no room for a path beside a switch.
+        grid->addWidget(r.pOn, row++, 0, 1, 2);
+        grid->addWidget(r.pFile, row++, 0, 1, 2);
+        grid->addWidget(choose, row, 0);
+        grid->addWidget(test, row++, 1);
+        connect(r.pOn, &QCheckBox::toggled, this, &CModuleAlerts::Store);
+        connect(r.pFile, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
+        connect(choose, &QPushButton::clicked, this, [this, alert] { Choose(alert); });
+        connect(test, &QPushButton::clicked, this, [this, alert] {
+            if (m_actions.playFile)
+                m_actions.playFile(DeviceRoot::current().hostPath(m_rows[alert].pFile->text()));
+        });
+    }
+    m_pSoundOn = new QCheckBox(QStringLiteral("Sound an/aus"), content);
+    m_pSoundOn->setChecked(!m_actions.isSoundOn || m_actions.isSoundOn());
+    connect(m_pSoundOn, &QCheckBox::toggled, this, [this](bool bOn) {
+        if (m_actions.setSoundOn) m_actions.setSoundOn(bOn);
+    });
+    grid->addWidget(m_pSoundOn, row++, 0, 1, 2);
+    grid->setRowStretch(row, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    auto* scroll = new QScrollArea(this);
+    scroll->setWidget(content);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(scroll);
+}
+
+void CModuleAlerts::Store() {
+    CRegistryKey key;
+    for (int alert = 0; alert < 3; ++alert) {
+        writeSetting(key, kAlerts[alert].flag, m_rows[alert].pOn->isChecked());
+        writeSetting(key, kAlerts[alert].file, m_rows[alert].pFile->text());
+    }
+    if (m_actions.alertsChanged) m_actions.alertsChanged();
+}
+
+void CModuleAlerts::Choose(int alert) {
+    QLineEdit* edit = m_rows[alert].pFile;
+    const QString start = QFileInfo(DeviceRoot::current().hostPath(edit->text())).absolutePath();
+    const QString file = QFileDialog::getOpenFileName(this, QString::fromUtf8(kAlerts[alert].title), start,
+                                                      QStringLiteral("WAV-Dateien (*.wav)"));
+    if (file.isEmpty()) return;
+    edit->setText(file);
+    Store();
+}
