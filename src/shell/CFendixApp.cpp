@@ -132,7 +132,11 @@ PageFactory CFendixApp::MakePages() {
     // Five independent map views, each with its own catalogue and settings key.
     for (int instance = 0; instance < 5; ++instance)
         pages.add(uint16_t(PageTable::kMap + instance),
-                  [this, instance](QWidget* parent) { return new CMapView(*m_pDoc, instance, parent); });
+                  [this, instance](QWidget* parent) {
+                      auto* view = new CMapView(*m_pDoc, instance, parent);
+                      view->SetGoToTarget(m_pTarget.get());
+                      return view;
+                  });
     pages.add(PageTable::kGoTo, [this](QWidget* parent) {
         CGoToView::Services services;
         services.fix = [this] {

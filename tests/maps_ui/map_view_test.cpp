@@ -2,6 +2,7 @@
 #include "maps/MapCalibration.h"
 #include "maps/ui/CMapView.h"
 #include "maps/ui/MapMenus.h"
+#include "nav/goto/GoToTarget.h"
 #include "nav/GeoSphere.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
@@ -231,34 +232,43 @@ TEST(MapView, CalibrationMenuSetsThePointsUnderTheFinger) {
     page.Settle();
     ASSERT_EQ(view.Viewport().GetPlane(), MapViewport::Plane::Image) << "no calibration yet";
 
+    CGoToTarget target;
+    view.SetGoToTarget(&target);
     const struct {
         int slot;
         QPointF finger; // the image's centre is at the view's centre, one pixel a pixel
-        QPointF fix;
+        const char* entry;
+        QPointF position; // the fix, or the GoTo target
         Point pixel;
     } steps[] = {
-        {0, {200, 150}, {10.0, 47.8}, {300, 200}},
-        {1, {300, 50}, {10.01, 47.81}, {400, 100}},
+        {0, {200, 150}, "Übernehme aktuelle Position", {10.0, 47.8}, {300, 200}},
+        {1, {300, 50}, "Übernehme aktuelle Position", {10.01, 47.81}, {400, 100}},
+        {2, {350, 200}, "Übernehme Position der GoTo Seite", {10.02, 47.79}, {450, 250}},
     };
     for (const auto& step : steps) {
-        page.doc.Fix().m_dPosLong = step.fix.x(), page.doc.Fix().m_dPosLat = step.fix.y();
+        page.doc.Fix().m_dPosLong = step.position.x(), page.doc.Fix().m_dPosLat = step.position.y();
+        if (step.slot == 2) {
+            page.doc.Fix().m_dPosLong = 0;
+            target.SetTarget(step.position.x(), step.position.y(), QStringLiteral("Ziel"));
+        }
         std::unique_ptr<QMenu> menu(MapMenus::CalibrationMenu(view, step.finger));
         const QString title = QStringLiteral("Kalibrierung %1. Punkt").arg(step.slot + 1);
         QAction* take = nullptr;
         for (const QMenu* point : menu->findChildren<QMenu*>())
             if (point->title() == title)
                 for (QAction* action : point->actions())
-                    if (action->text() == "Übernehme aktuelle Position") take = action;
+                    if (action->text() == QString::fromUtf8(step.entry)) take = action;
         ASSERT_NE(take, nullptr) << title.toStdString();
+        ASSERT_TRUE(take->isEnabled()) << step.entry;
         take->trigger();
         const MapCalibration& map = *view.Catalogue().CurrentMap();
         EXPECT_EQ(map.GetPointPixel(step.slot), step.pixel);
         double lon = 0, lat = 0;
         map.GetPointGeo(step.slot, lon, lat);
-        EXPECT_EQ(QPointF(lon, lat), step.fix);
+        EXPECT_EQ(QPointF(lon, lat), step.position);
     }
     view.UpdateViewport();
-    EXPECT_EQ(view.Viewport().GetPlane(), MapViewport::Plane::Geographic) << "two points calibrate the map";
+    EXPECT_EQ(view.Viewport().GetPlane(), MapViewport::Plane::Geographic) << "the points calibrate the map";
     EXPECT_TRUE(view.StatusText().isEmpty());
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 class CFendixDoc;
+class CGoToTarget;
 class CMapDecoder;
 class CMapOverlay;
 class MapGestures;
@@ -80,6 +81,9 @@ public:
     // The next tap on another map page gives the position of point `slot`.
     void PickPositionOnNextTap(int slot, Point pixel);
     const CFendixDoc& Document() const { return m_doc; }
+    // The GoTo page's target, a source of calibration points; none until the program gives it.
+    void SetGoToTarget(const CGoToTarget* pTarget) { m_pGoToTarget = pTarget; }
+    const CGoToTarget* GoToTarget() const { return m_pGoToTarget; }
 
     // CMapViewHost
     MapViewSpot ShownSpot() const override;
@@ -128,6 +132,7 @@ private:
     QString StatusLines() const;
 
     const CFendixDoc& m_doc;
+    const CGoToTarget* m_pGoToTarget = nullptr;
     int m_nInstance;
     CMapCatalogue m_catalogue;
     CMapDecoder* m_pDecoder;

@@ -3,6 +3,7 @@
 #include "gps/CFendixDoc.h"
 #include "maps/ui/CMapView.h"
 #include "nav/CoordinateText.h"
+#include "nav/goto/GoToTarget.h"
 
 #include <QActionGroup>
 #include <QColorDialog>
@@ -112,8 +113,15 @@ void addPointMenu(QMenu* menu, CMapView& view, int slot, std::optional<Point> pi
                         view.SetCalibrationPoint(slot, at, fix.m_dPosLong, fix.m_dPosLat);
                     })
         ->setEnabled(onImage);
-    // Sources that come with the GoTo page and the navigation program's bridge.
-    point->addAction(QStringLiteral("Übernehme Position der GoTo Seite"))->setEnabled(false);
+    double targetLon = 0, targetLat = 0;
+    const bool hasTarget = view.GoToTarget() && view.GoToTarget()->GetTarget(targetLon, targetLat);
+    point
+        ->addAction(QStringLiteral("Übernehme Position der GoTo Seite"), &view,
+                    [&view, slot, at, targetLon, targetLat] {
+                        view.SetCalibrationPoint(slot, at, targetLon, targetLat);
+                    })
+        ->setEnabled(onImage && hasTarget);
+    // A source that comes with the navigation program's bridge.
     point->addAction(QStringLiteral("Position vom letzen MN Klick"))->setEnabled(false);
     point
         ->addAction(QStringLiteral("Nächster Klick auf Route"), &view,
