@@ -1,6 +1,7 @@
 #include "gps/HeadlessReplay.h"
 #include "gps/logbook/Logbook.h"
 #include "platform/DeviceClock.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 #include "support/ToolRunner.h"
@@ -13,17 +14,6 @@
 namespace {
 
 const QByteArray kBlankHeader = "$Tarvik," + QByteArray(256, ' ') + "\r\n";
-
-QByteArray readFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 QByteArray sharedLog(const char* name) {
     const std::optional<QString> shared = sharedDataDir();
