@@ -22,5 +22,6 @@ int runMapCommand(ToolContext& ctx, QStringList args);
 int runPoiCommand(ToolContext& ctx, QStringList args);
 int runWptCommand(ToolContext& ctx, QStringList args);
 int runGotoCommand(ToolContext& ctx, QStringList args);
+int runNavCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);

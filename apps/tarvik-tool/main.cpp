@@ -39,6 +39,8 @@ const Noun kNouns[] = {
      runWptCommand, "read gpx"},
     {"goto", "the GoTo page's texts and beep, the \"Calc Goto Pos\" dialog, the splitter simulation text",
      runGotoCommand, "*"},
+    {"nav", "the navigation program: its kind, a destination handed over, a Windows program's file version",
+     runNavCommand, "*"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
