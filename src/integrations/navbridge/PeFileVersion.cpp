@@ -129,7 +129,7 @@ std::optional<FileVersion> readPeFileVersion(const QByteArray& data) {
     // VS_VERSIONINFO: three words, the key "VS_VERSION_INFO" in UTF-16 with its zero, padding to
     // four bytes, then VS_FIXEDFILEINFO.
     constexpr uint64_t kFixedInfo = 40;
-    if (!block || *dataSize < kFixedInfo + 16 || !bytes.has(*block, kFixedInfo + 16)) return std::nullopt;
+    if (!block || *dataSize < kFixedInfo + 16 || !bytes.has(*block, *dataSize)) return std::nullopt;
     QByteArray key;
     for (const char c : QByteArrayView("VS_VERSION_INFO"))
         key.append(c).append('\0');

@@ -113,7 +113,9 @@ bool X11Windows::activate(uint32_t window) const {
     const uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_pConnection, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     xcb_map_window(m_pConnection, window);
-    return xcb_flush(m_pConnection) > 0;
+    // A round trip, so that the window is up before anyone else looks.
+    std::free(xcb_get_input_focus_reply(m_pConnection, xcb_get_input_focus(m_pConnection), nullptr));
+    return !xcb_connection_has_error(m_pConnection);
 }
 
 std::optional<QRect> X11Windows::frame(uint32_t window) const {
