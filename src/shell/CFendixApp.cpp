@@ -15,6 +15,12 @@
 #include "gps/ui/CSatelliteView.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "integrations/navbridge/NavigationBridge.h"
+#include "integrations/navbridge/PostNaviStart.h"
+#include "integrations/navbridge/QuickStartTargets.h"
+#include "integrations/ui/CMNAddOnPage.h"
+#include "integrations/ui/CModuleMNFastStart.h"
+#include "integrations/ui/CNavOverlay.h"
 #include "maps/ui/CMapView.h"
 #include "nav/GeoSphere.h"
 #include "nav/goto/GoToTarget.h"
@@ -42,6 +48,7 @@
 #include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
@@ -66,6 +73,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pWaypoints = std::make_unique<CWaypointList>();
     m_pWaypoints->Load(WaypointFilePath(m_root));
     connect(m_pTarget.get(), &CGoToTarget::changed, this, &CFendixApp::SendSimulationTarget);
+    m_pBridge = std::make_unique<NavigationBridge>(m_root, m_navTarget);
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
@@ -95,6 +103,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pSource->start();
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
     StartAutoStartProgram();
+    StartNavigationProgram();
 
     m_idleInhibitor.hold(readSetting(key, ShellSettings::kNoPowerdown));
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
@@ -131,12 +140,11 @@ PageFactory CFendixApp::MakePages() {
     });
     // Five independent map views, each with its own catalogue and settings key.
     for (int instance = 0; instance < 5; ++instance)
-        pages.add(uint16_t(PageTable::kMap + instance),
-                  [this, instance](QWidget* parent) {
-                      auto* view = new CMapView(*m_pDoc, instance, parent);
-                      view->SetGoToTarget(m_pTarget.get());
-                      return view;
-                  });
+        pages.add(uint16_t(PageTable::kMap + instance), [this, instance](QWidget* parent) {
+            auto* view = new CMapView(*m_pDoc, instance, parent);
+            view->SetGoToTarget(m_pTarget.get());
+            return view;
+        });
     pages.add(PageTable::kGoTo, [this](QWidget* parent) {
         CGoToView::Services services;
         services.fix = [this] {
@@ -209,6 +217,18 @@ PageFactory CFendixApp::MakePages() {
         return new CLogbookView(
             *m_pDoc, [this](const QString& log) { ShowLogInDiagrams(log); }, parent);
     });
+    pages.add(PageTable::kMnAddOns, [this](QWidget* parent) {
+        return new CMNAddOnPage([this] { m_pOverlay->LoadSettings(); }, parent);
+    });
+    pages.add(PageTable::kMnQuickStart, [this](QWidget* parent) {
+        CModuleMNFastStart::Actions actions;
+        actions.navigate = [this](double lon, double lat, const QString& name) {
+            return m_pBridge->NavigateTo(lon, lat, name);
+        };
+        actions.bringToFront = [this](QString& error) { return m_pBridge->BringToFront(error); };
+        return new CModuleMNFastStart(QDir(m_root.programFolder()).filePath(QuickStartTargets::kFileName),
+                                      actions, parent);
+    });
     pages.add(PageTable::kAlerts,
               [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
     return pages;
@@ -266,6 +286,40 @@ void CFendixApp::StartAutoStartProgram() {
     QProcess::startDetached(m_root.hostPath(program), {}); // a failed start is not reported
 }
 
+void CFendixApp::StartNavigationProgram() {
+    CRegistryKey key;
+    QString error;
+    if (readSetting(key, ShellSettings::kAutoStartMN) && !m_pBridge->BringToFront(error))
+        devLog("!!!! Start navigation program: %s", qUtf8Printable(error));
+
+    CNavOverlay::Services overlay;
+    overlay.navWindowFrame = [this] {
+        m_pBridge->FindNavigationWindow();
+        return m_pBridge->WindowFrame();
+    };
+    m_pOverlay = std::make_unique<CNavOverlay>(overlay);
+
+    const QString program = readSetting(key, ShellSettings::kAutoStart);
+    if (program.isEmpty() || !readSetting(key, ShellSettings::kPostNavi)) return;
+    PostNaviStart::Services services;
+    services.start = [this](const QString& path) {
+        QProcess::startDetached(m_root.hostPath(path), {}); // a failed start is not reported
+    };
+    services.sendPoiWarnerStart = [] { return NavigationBridge::SendPoiWarnerStart(); };
+    services.bringNavigatorToFront = [this] {
+        QMetaObject::invokeMethod(this, [this] {
+            QString ignored;
+            m_pBridge->BringToFront(ignored);
+        });
+    };
+    m_pPostNavi = std::make_unique<PostNaviStart>(services);
+    m_postNaviTimer.setInterval(int(PostNaviStart::kPollPeriod.count()));
+    connect(&m_postNaviTimer, &QTimer::timeout, this, [this, program] {
+        if (m_pPostNavi->Tick(m_pBridge->IsRunning(), program)) m_postNaviTimer.stop();
+    });
+    m_postNaviTimer.start();
+}
+
 void CFendixApp::ApplyLowPriority(bool bActive) {
     if (bActive) {
         if (m_bLowPriority) setCurrentThreadBelowNormal(false);
@@ -292,6 +346,10 @@ void CFendixApp::Shutdown() {
     m_pDoc->SaveAndClose();
     m_idleInhibitor.hold(false);
     m_pPois->stop();
+    m_postNaviTimer.stop();
+    if (m_pPostNavi) m_pPostNavi->Stop();
+    m_pOverlay.reset();
+    m_pBridge->Stop();
     m_purgeStop.set();
     if (m_purgeThread.joinable()) m_purgeThread.join();
     QCoreApplication::quit();

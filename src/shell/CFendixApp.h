@@ -6,8 +6,11 @@
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
 
+#include "integrations/NavigationTarget.h"
+
 #include <QDateTime>
 #include <QObject>
+#include <QTimer>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -18,6 +21,9 @@ class CWaypointList;
 class CMainFrame;
 class DocumentSource;
 class MemoryPressure;
+class CNavOverlay;
+class NavigationBridge;
+class PostNaviStart;
 class PageFactory;
 class PoiLoader;
 class QtNoiseMeter;
@@ -47,6 +53,9 @@ private:
     CModuleAlerts::Actions AlertActions();
     void ShowLogInDiagrams(const QString& log);
     void StartAutoStartProgram();
+    // The navigation program with Tarvik ("AutoStartMN"), the program waiting for it ("PostNavi"),
+    // the information box over it.
+    void StartNavigationProgram();
     // "Speicher aktuelle Pos": the GPS position as a waypoint.
     void StorePosition();
     // After each target change: the splitter driver's simulation text to the open port.
@@ -76,6 +85,11 @@ private:
     IdleInhibitor m_idleInhibitor;
     StopEvent m_purgeStop;
     std::thread m_purgeThread;
+    NavigationTarget m_navTarget; // the navigation program's destination, for the templates
+    std::unique_ptr<NavigationBridge> m_pBridge;
+    std::unique_ptr<CNavOverlay> m_pOverlay;
+    std::unique_ptr<PostNaviStart> m_pPostNavi;
+    QTimer m_postNaviTimer; // timer 49
     bool m_bShutDown = false;
     bool m_bLowPriority = false;
 };

@@ -114,8 +114,8 @@ bool NavigationBridge::Zoom(bool bIn) {
     return X11Windows(m_strDisplay).postCommand(*window, command, 0);
 }
 
-bool NavigationBridge::SendPoiWarnerStart() {
-    const X11Windows windows(m_strDisplay);
+bool NavigationBridge::SendPoiWarnerStart(const QString& display) {
+    const X11Windows windows(display);
     const auto warner = windows.findByTitle(QStringLiteral("POI-Warner"));
     return warner && windows.postCommand(warner->id, kPoiWarnerCommand, kPoiWarnerParameter);
 }

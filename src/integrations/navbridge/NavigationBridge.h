@@ -34,8 +34,9 @@ public:
     HandOverResult NavigateTo(double lon, double lat, const QString& name);
     // Zooms the map in or out: Navit through its zoom call, the others through window commands.
     bool Zoom(bool bIn);
-    // The POI warner started after the navigation program ("POI-Warner") gets its start command.
-    bool SendPoiWarnerStart();
+    // The POI warner started after the navigation program ("POI-Warner") gets its start command;
+    // false when its window is not there. Safe on any thread.
+    static bool SendPoiWarnerStart(const QString& display = {});
 
     // Ends the TomTom clean-up (the application's stop).
     void Stop() { m_cleanup.stop(); }
