@@ -18,6 +18,7 @@
 #include "integrations/navbridge/NavigationBridge.h"
 #include "integrations/navbridge/PostNaviStart.h"
 #include "integrations/navbridge/QuickStartTargets.h"
+#include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
@@ -296,6 +297,15 @@ void CFendixApp::StartNavigationProgram() {
     overlay.navWindowFrame = [this] {
         m_pBridge->FindNavigationWindow();
         return m_pBridge->WindowFrame();
+    };
+    overlay.expand = [this](const QString& text) {
+        TemplateSources sources;
+        sources.pDoc = m_pDoc.get();
+        sources.pGoTo = m_pTarget.get();
+        sources.pNavTarget = &m_navTarget;
+        sources.nBatteryPercent = readBatteryPercent();
+        sources.tLocalNow = m_clock.localNow();
+        return ExpandTemplate(text, sources);
     };
     m_pOverlay = std::make_unique<CNavOverlay>(overlay);
 
