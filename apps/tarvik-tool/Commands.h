@@ -24,3 +24,4 @@ int runWptCommand(ToolContext& ctx, QStringList args);
 int runGotoCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);
+int runHotkeyCommand(ToolContext& ctx, QStringList args);
