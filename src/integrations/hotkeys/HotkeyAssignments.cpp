@@ -12,7 +12,8 @@ QString action(CRegistryKey& key, const QString& valueName) {
 }
 
 bool isRegistered(CRegistryKey& key, int button) {
-    return !action(key, HotkeyNames::shortPress(button)).isEmpty();
+    return button >= 1 && button <= HotkeyNames::kHighestButton &&
+           !action(key, HotkeyNames::shortPress(button)).isEmpty();
 }
 
 std::vector<std::pair<QString, QString>> list(CRegistryKey& key) {
