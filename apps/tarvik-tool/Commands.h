@@ -25,3 +25,4 @@ int runGotoCommand(ToolContext& ctx, QStringList args);
 int runNavCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);
+int runHotkeyCommand(ToolContext& ctx, QStringList args);

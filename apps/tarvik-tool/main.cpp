@@ -44,6 +44,7 @@ const Noun kNouns[] = {
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
+    {"hotkey", "resolve button presses into hotkey value names, list the assignments", runHotkeyCommand, "*"},
 };
 
 void printHelp(QTextStream& out) {

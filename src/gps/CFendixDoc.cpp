@@ -69,6 +69,10 @@ void CFendixDoc::OpenLog() {
     m_log.open();
 }
 
+void CFendixDoc::ResetMaxima() {
+    m_stats.clearExtremes();
+}
+
 void CFendixDoc::ResetTour() {
     m_tourStore.reset(m_stats);
 }

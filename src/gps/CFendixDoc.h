@@ -41,6 +41,8 @@ public:
     void ResetStatistics(bool bOpenLog);
     // Clears the run and moving figures and starts the next log file.
     void OpenLog();
+    // Extremes of position and altitude and the maximum speed back to their start values.
+    void ResetMaxima();
     // Tour distance and time to 0, saved, with "TourStart" now.
     void ResetTour();
     // At shutdown: the last position and the tour are saved and the log is closed.

@@ -34,9 +34,12 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
+#include "platform/EvdevKeys.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
+#include "platform/session/Backlight.h"
 #include "platform/session/MemoryPressure.h"
+#include "platform/session/SystemReboot.h"
 #include "platform/session/TerminationSignals.h"
 #include "platform/session/ThreadPriority.h"
 #include "settings/CRegistryKey.h"
@@ -46,10 +49,16 @@
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
 #include "shell/TouchStyle.h"
+#include "shell/hotkeys/CAutoActions.h"
+#include "shell/hotkeys/CHotkeyActions.h"
+#include "shell/hotkeys/CHotkeyInput.h"
+#include "shell/hotkeys/FlashNotice.h"
+#include "shell/pages/CHotkeyView.h"
 #include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QDBusConnection>
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
@@ -89,6 +98,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pSounds = std::make_unique<SoundController>(*m_pSoundOutput, *m_pNoiseMeter, m_root, m_pDoc->Fix());
     m_pSounds->loadSettings();
     m_pDoc->SetAlertHooks(m_pSounds.get());
+    StartHotkeys();
 
     m_pFrame->SelectPageByName(!startPage.isEmpty() ? startPage
                                                     : readStoredSetting(key, ShellSettings::kCurrentView)
@@ -105,6 +115,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
     StartAutoStartProgram();
     StartNavigationProgram();
+    m_pAutoActions->Start();
 
     m_idleInhibitor.hold(readSetting(key, ShellSettings::kNoPowerdown));
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
@@ -114,6 +125,24 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pPressure = new MemoryPressure(this);
     connect(m_pPressure, &MemoryPressure::pressure, m_pFrame.get(), &CMainFrame::OnHibernate);
     return true;
+}
+
+void CFendixApp::StartHotkeys() {
+    m_pNotice = new FlashNotice(m_pFrame.get());
+    m_pBacklight = std::make_unique<Backlight>(QDBusConnection::systemBus());
+    CHotkeyActions::Services services;
+    services.pFrame = m_pFrame.get();
+    services.pDoc = m_pDoc.get();
+    services.pSounds = m_pSounds.get();
+    services.pBacklight = m_pBacklight.get();
+    services.storePosition = [this] { StorePosition(); };
+    services.showNotice = [this](const QString& text) { m_pNotice->Flash(text); };
+    services.reboot = [] { return requestReboot(QDBusConnection::systemBus()); };
+    m_pActions = std::make_unique<CHotkeyActions>(services);
+    m_pDeviceKeys = new EvdevKeys(QStringLiteral("/dev/input"), this);
+    m_pHotkeys = new CHotkeyInput(*m_pActions, m_pDeviceKeys, this);
+    qApp->installEventFilter(m_pHotkeys);
+    m_pAutoActions = new CAutoActions(*m_pActions, this);
 }
 
 void CFendixApp::WatchSettingsWrites() {
@@ -188,6 +217,23 @@ PageFactory CFendixApp::MakePages() {
         };
         actions.noPowerdownChanged = [this](bool on) { m_idleInhibitor.hold(on); };
         return new CSettingsPage(actions, parent);
+    });
+    // Made with the frame, before the buttons exist: it reaches them only when used.
+    pages.add(PageTable::kHotkeys, [this](QWidget* parent) {
+        CHotkeyView::Services services;
+        services.pageNames = [this] { return m_pFrame ? m_pFrame->PageNames() : QStringList(); };
+        services.captureKey = [this](CHotkeyInput::Capture capture) {
+            if (m_pHotkeys) m_pHotkeys->CaptureNextKey(std::move(capture));
+        };
+        services.keysChanged = [this] {
+            if (m_pHotkeys) m_pHotkeys->LoadKeys();
+        };
+        services.deviceState = [this] {
+            if (!m_pDeviceKeys) return QString();
+            if (m_pDeviceKeys->IsOpen()) return QStringLiteral("Gelesen: %1").arg(m_pDeviceKeys->OpenPath());
+            return m_pDeviceKeys->Problem();
+        };
+        return new CHotkeyView(services, parent);
     });
     pages.add(PageTable::kPoiSettings, [this](QWidget* parent) {
         return new CPOIView(
@@ -288,6 +334,7 @@ void CFendixApp::StartAutoStartProgram() {
 }
 
 void CFendixApp::StartNavigationProgram() {
+    m_pActions->SetNavigationHandler([this](const QString& action) { m_pBridge->PerformAction(action); });
     CRegistryKey key;
     QString error;
     if (readSetting(key, ShellSettings::kAutoStartMN) && !m_pBridge->BringToFront(error))

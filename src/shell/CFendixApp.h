@@ -15,7 +15,13 @@
 #include <optional>
 #include <thread>
 
+class Backlight;
+class CAutoActions;
 class CFendixDoc;
+class CHotkeyActions;
+class CHotkeyInput;
+class EvdevKeys;
+class FlashNotice;
 class CGoToTarget;
 class CWaypointList;
 class CMainFrame;
@@ -47,6 +53,8 @@ public:
     CMainFrame& Frame() { return *m_pFrame; }
     CFendixDoc& Document() { return *m_pDoc; }
     CGoToTarget& Target() { return *m_pTarget; }
+    // The hotkey actions by name, for the buttons of user pages and the navigation program bridge.
+    CHotkeyActions& Actions() { return *m_pActions; }
 
 private:
     PageFactory MakePages();
@@ -56,6 +64,8 @@ private:
     // The navigation program with Tarvik ("AutoStartMN"), the program waiting for it ("PostNavi"),
     // the information box over it.
     void StartNavigationProgram();
+    // The buttons, their actions and the automatic announcement and TMC search (after the frame).
+    void StartHotkeys();
     // "Speicher aktuelle Pos": the GPS position as a waypoint.
     void StorePosition();
     // After each target change: the splitter driver's simulation text to the open port.
@@ -80,6 +90,12 @@ private:
     std::unique_ptr<CGoToTarget> m_pTarget;      // likewise the GoTo, speed and track pages
     std::unique_ptr<CWaypointList> m_pWaypoints; // the GoTo page and "Speicher aktuelle Pos"
     std::unique_ptr<CMainFrame> m_pFrame;
+    std::unique_ptr<Backlight> m_pBacklight;
+    std::unique_ptr<CHotkeyActions> m_pActions;
+    EvdevKeys* m_pDeviceKeys = nullptr;
+    CHotkeyInput* m_pHotkeys = nullptr;
+    CAutoActions* m_pAutoActions = nullptr;
+    FlashNotice* m_pNotice = nullptr;
     TerminationSignals* m_pSignals = nullptr;
     MemoryPressure* m_pPressure = nullptr;
     IdleInhibitor m_idleInhibitor;

@@ -110,11 +110,8 @@ bool CMainFrame::SelectPage(uint16_t command) {
     }
     m_bSwitching = false;
     QApplication::restoreOverrideCursor();
-    const QString name = PageTable::isUserPage(command)
-                             ? m_factory.userPages()[command - PageTable::kFirstUserPage].name
-                             : PageTable::name(command);
     CRegistryKey key;
-    writeSetting(key, ShellSettings::kCurrentView, name);
+    writeSetting(key, ShellSettings::kCurrentView, CurrentPageName());
     UpdateTitle();
     UpdateMenuChecks();
     page->OnUpdate(0);
@@ -137,11 +134,13 @@ void CMainFrame::UpdateTitle() {
         setWindowTitle(own);
         return;
     }
+    setWindowTitle(QStringLiteral("Tarvik ") + CurrentPageName());
+}
+
+QString CMainFrame::CurrentPageName() const {
     const uint16_t command = m_nCurrentCommand;
-    setWindowTitle(QStringLiteral("Tarvik ") +
-                   (PageTable::isUserPage(command)
-                        ? m_factory.userPages()[command - PageTable::kFirstUserPage].name
-                        : PageTable::name(command)));
+    return PageTable::isUserPage(command) ? m_factory.userPages()[command - PageTable::kFirstUserPage].name
+                                          : PageTable::name(command);
 }
 
 QStringList CMainFrame::PageNames() const {

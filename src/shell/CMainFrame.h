@@ -26,6 +26,8 @@ public:
     void SelectPageByName(const QString& name);
     QStringList PageNames() const;
     uint16_t CurrentCommand() const { return m_nCurrentCommand; }
+    // The shown page's name (a user page's own name); empty before the first page.
+    QString CurrentPageName() const;
     CPageView* CurrentPage() const { return m_pCurrentPage; }
     // The page object of a command if it exists (not created here).
     CPageView* ExistingPage(uint16_t command) const;

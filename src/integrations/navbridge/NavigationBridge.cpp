@@ -114,6 +114,17 @@ bool NavigationBridge::Zoom(bool bIn) {
     return X11Windows(m_strDisplay).postCommand(*window, command, 0);
 }
 
+bool NavigationBridge::PerformAction(const QString& action) {
+    if (action == QLatin1String("<MN Zoom in>")) return Zoom(true);
+    if (action == QLatin1String("<MN Zoom out>")) return Zoom(false);
+    if (action == QLatin1String("<MN in Vordergrund>")) {
+        QString error;
+        return BringToFront(error);
+    }
+    devLog("!!!! %s: no navigation program here takes it", qUtf8Printable(action));
+    return false;
+}
+
 bool NavigationBridge::SendPoiWarnerStart(const QString& display) {
     const X11Windows windows(display);
     const auto warner = windows.findByTitle(QStringLiteral("POI-Warner"));

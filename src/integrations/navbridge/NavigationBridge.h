@@ -34,6 +34,9 @@ public:
     HandOverResult NavigateTo(double lon, double lat, const QString& name);
     // Zooms the map in or out: Navit through its zoom call, the others through window commands.
     bool Zoom(bool bIn);
+    // A hotkey action on the navigation program ("<MN Zoom in>", "<MN Zoom out>", "<MN in Vordergrund>");
+    // false for the others, which no program here takes.
+    bool PerformAction(const QString& action);
     // The POI warner started after the navigation program ("POI-Warner") gets its start command;
     // false when its window is not there. Safe on any thread.
     static bool SendPoiWarnerStart(const QString& display = {});
