@@ -64,7 +64,7 @@ TEST(CMNAddOnPage, WritesSettingsAndWarns) {
     CMNAddOnPage page([&] { ++changes; });
     auto* info = page.findChild<QCheckBox*>(QString(), Qt::FindChildrenRecursively);
     for (QCheckBox* box : page.findChildren<QCheckBox*>())
-        if (box->text() == QStringLiteral("Infobox über dem Navigationsprogramm")) info = box;
+        if (box->text() == QStringLiteral("Infobox über dem Navi")) info = box;
     info->setChecked(true);
     QMessageBox* warning = openBox(page);
     ASSERT_TRUE(warning);

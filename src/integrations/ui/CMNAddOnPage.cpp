@@ -7,6 +7,7 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -32,7 +33,7 @@ CMNAddOnPage::CMNAddOnPage(std::function<void()> infoBoxChanged, QWidget* parent
     : CPageView(parent), m_infoBoxChanged(std::move(infoBoxChanged)) {
     auto* form = new QWidget;
     auto* layout = new QFormLayout(form);
-    layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
     const auto check = [form](const QString& text) { return new QCheckBox(text, form); };
     const auto spin = [form](int minimum, int maximum, const QString& suffix) {
         auto* box = new QSpinBox(form);
@@ -45,20 +46,20 @@ CMNAddOnPage::CMNAddOnPage(std::function<void()> infoBoxChanged, QWidget* parent
     auto* programRow = new QHBoxLayout;
     programRow->addWidget(m_pProgram);
     programRow->addWidget(browse);
-    m_pAutoStartMN = check(QStringLiteral("Navigationsprogramm mitstarten"));
-    m_pInfo = check(QStringLiteral("Infobox über dem Navigationsprogramm"));
+    m_pAutoStartMN = check(QStringLiteral("Navi mitstarten"));
+    m_pInfo = check(QStringLiteral("Infobox über dem Navi"));
     m_pInfoText = new QLineEdit(form);
-    auto* rectRow = new QHBoxLayout;
-    for (QSpinBox*& box : m_pRect) {
-        box = spin(-kMaxCoordinate, kMaxCoordinate, QString());
-        rectRow->addWidget(box);
+    auto* rectRow = new QGridLayout; // two by two, so that it fits a narrow screen
+    for (int i = 0; i < 4; ++i) {
+        m_pRect[i] = spin(-kMaxCoordinate, kMaxCoordinate, QString());
+        rectRow->addWidget(m_pRect[i], i / 2, i % 2);
     }
     m_pColorBG = new QPushButton(QStringLiteral("Hintergrund"), form);
     m_pColorText = new QPushButton(QStringLiteral("Text"), form);
     auto* colourRow = new QHBoxLayout;
     colourRow->addWidget(m_pColorBG);
     colourRow->addWidget(m_pColorText);
-    m_pNextWP = check(QStringLiteral("Automatisch zum nächsten Routenpunkt"));
+    m_pNextWP = check(QStringLiteral("Nächster Routenpunkt"));
     m_pNextWPRadius = spin(0, kMaxRadius, QStringLiteral(" m"));
     m_pAnnouncement = check(QStringLiteral("Ansage"));
     m_pZoomOut = check(QStringLiteral("Herauszoomen"));
@@ -79,6 +80,7 @@ CMNAddOnPage::CMNAddOnPage(std::function<void()> infoBoxChanged, QWidget* parent
     layout->addRow(QStringLiteral("TMC-Suche alle"), m_pAutoTmc);
     auto* scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(form);
     (new QVBoxLayout(this))->addWidget(scroll);
     Load();
