@@ -57,8 +57,8 @@
 #include "shell/pages/CSettingsPage.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QDBusConnection>
+#include <QDir>
 #include <QMessageBox>
 #include <QProcess>
 #include <QScreen>
@@ -190,6 +190,14 @@ PageFactory CFendixApp::MakePages() {
         services.localNow = [this] { return LocalNow(); };
         services.pSound = m_pSoundOutput.get();
         services.showMap = [this] { m_pFrame->SelectPage(PageTable::kMap); };
+        services.setNavigationTarget = [this](double lon, double lat, const QString& name) {
+            const HandOverResult result = m_pBridge->NavigateTo(lon, lat, name);
+            if (result.bOk) return;
+            auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("Last Error"), result.error,
+                                        QMessageBox::Ok, m_pFrame.get());
+            box->setAttribute(Qt::WA_DeleteOnClose);
+            box->open();
+        };
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
     pages.add(PageTable::kTrack, [this](QWidget* parent) {

@@ -53,6 +53,9 @@ struct GoToPage {
             m_strAsked = question;
             return true;
         };
+        services.setNavigationTarget = [this](double lon, double lat, const QString& name) {
+            m_strHandedOver = QStringLiteral("%1 %2 %3").arg(lon).arg(lat).arg(name);
+        };
         m_pView = std::make_unique<CGoToView>(m_target, m_waypoints, m_root.file("Waypoints.asc"), services);
     }
     void run(const char* command) {
@@ -67,7 +70,7 @@ struct GoToPage {
     RecordingSound m_sound;
     CGoToTarget m_target;
     CWaypointList m_waypoints;
-    QString m_strChosen, m_strAsked;
+    QString m_strChosen, m_strAsked, m_strHandedOver;
     std::unique_ptr<CGoToView> m_pView;
 };
 
@@ -130,6 +133,8 @@ TEST(GoToView, EnablesOnlyTheFieldsOfTheNotation) {
 TEST(GoToView, WaypointCommands) {
     GoToPage page;
     page.m_target.SetTarget(11.5, 48.1, "");
+    page.run("Setze MN Ziel "); // the target, longitude first, to the navigation program
+    EXPECT_EQ(page.m_strHandedOver, "11.5 48.1 ");
     EXPECT_FALSE(page.enabled("Waypoint Löschen"));
     page.run("Waypoint Speichern");
     page.m_target.SetTarget(-70.25, -33.9, "Süd");

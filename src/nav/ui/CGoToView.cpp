@@ -149,10 +149,14 @@ void CGoToView::BuildMenu() {
         m_pMenu->addAction(QString::fromUtf8(text), this, slot);
     };
     add("Übernehme GPS Position", &CGoToView::TakeGpsPosition);
-    // They wait for the navigation program bridge.
-    for (const char* text :
-         {"Übernehme MN Kartenmittelpunkt Koordinaten", "Position vom letzen MN Klick", "Setze MN Ziel "})
+    // They wait for the navigation program's map centre and last click.
+    for (const char* text : {"Übernehme MN Kartenmittelpunkt Koordinaten", "Position vom letzen MN Klick"})
         m_pMenu->addAction(QString::fromUtf8(text))->setEnabled(false);
+    add("Setze MN Ziel ", [this] {
+        double lon = 0, lat = 0;
+        if (m_services.setNavigationTarget && m_target.GetTarget(lon, lat))
+            m_services.setNavigationTarget(lon, lat, m_target.Name());
+    });
     add("Zeige Position in Karte", [this] {
         if (m_services.showMap) m_services.showMap();
     });

@@ -47,6 +47,8 @@ public:
         std::function<QString(const QString& title, const QString& start, const QString& filter, bool bSave)>
             chooseFile;
         std::function<bool(const QString& question)> ask; // Yes/No
+        // "Setze MN Ziel ": the target (degrees, longitude first) to the navigation program.
+        std::function<void(double lon, double lat, const QString& name)> setNavigationTarget;
     };
 
     CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QString& waypointFile, Services services,
