@@ -24,3 +24,5 @@ int runWptCommand(ToolContext& ctx, QStringList args);
 int runGotoCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);
+int runTemplateCommand(ToolContext& ctx, QStringList args);
+int runPageCommand(ToolContext& ctx, QStringList args);

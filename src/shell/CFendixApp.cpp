@@ -15,6 +15,7 @@
 #include "gps/ui/CSatelliteView.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "integrations/ui/CModuleCustom.h"
 #include "maps/ui/CMapView.h"
 #include "nav/GeoSphere.h"
 #include "nav/goto/GoToTarget.h"
@@ -27,6 +28,7 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
+#include "platform/BatteryStatus.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/MemoryPressure.h"
@@ -131,12 +133,11 @@ PageFactory CFendixApp::MakePages() {
     });
     // Five independent map views, each with its own catalogue and settings key.
     for (int instance = 0; instance < 5; ++instance)
-        pages.add(uint16_t(PageTable::kMap + instance),
-                  [this, instance](QWidget* parent) {
-                      auto* view = new CMapView(*m_pDoc, instance, parent);
-                      view->SetGoToTarget(m_pTarget.get());
-                      return view;
-                  });
+        pages.add(uint16_t(PageTable::kMap + instance), [this, instance](QWidget* parent) {
+            auto* view = new CMapView(*m_pDoc, instance, parent);
+            view->SetGoToTarget(m_pTarget.get());
+            return view;
+        });
     pages.add(PageTable::kGoTo, [this](QWidget* parent) {
         CGoToView::Services services;
         services.fix = [this] {
@@ -211,6 +212,22 @@ PageFactory CFendixApp::MakePages() {
     });
     pages.add(PageTable::kAlerts,
               [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
+    pages.setUserPageCreator([this](const UserPageSlot& slot, QWidget* parent) {
+        const auto sources = [this] {
+            return TemplateSources{m_pDoc.get(), m_pTarget.get(),      nullptr,
+                                   nullptr,      readBatteryPercent(), m_clock.localNow()};
+        };
+        // A page name selects that page; the other actions are only noted until hotkey actions run them.
+        const auto action = [this](const QString& name) {
+            if (m_pFrame->PageNames().contains(name))
+                m_pFrame->SelectPageByName(name);
+            else
+                devLog("Page action %s", name.toUtf8().constData());
+        };
+        auto* page = new CModuleCustom(sources, action, parent);
+        page->LoadPage(slot.file);
+        return page;
+    });
     return pages;
 }
 

@@ -13,6 +13,8 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QTimeZone>
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <numbers>
 
@@ -55,6 +57,11 @@ QString fixed(const char* format, double value) {
 }
 QString whole(int value) {
     return QString::number(value);
+}
+// "As a whole number": cut towards zero; a factor that leaves the int range gives the range's end.
+QString whole(double value) {
+    if (std::isnan(value)) return whole(0);
+    return whole(static_cast<int>(std::clamp(value, double(INT_MIN), double(INT_MAX))));
 }
 
 // Distance (km) and course (degrees 0..359) from the fix to a place; false without a fix position.
@@ -166,7 +173,7 @@ const Variable kVariables[] = {
      [](const Values& v, const TokenArgs&) { return v.navTarget() ? v.navTarget()->strTown : QString(); }},
     {u"Altitude",
      [](const Values& v, const TokenArgs& a) {
-         return v.pFix ? whole(static_cast<int>(v.pFix->m_fAltitude * a.factor())) : QString();
+         return v.pFix ? whole(v.pFix->m_fAltitude * a.factor()) : QString();
      }},
     {u"GPSQuality%",
      [](const Values& v, const TokenArgs&) { return v.pFix ? whole(v.pFix->m_nValid) : QString(); }},
@@ -177,9 +184,7 @@ const Variable kVariables[] = {
     {u"Long", [](const Values& v, const TokenArgs& a) { return coordinate(v, a, false); }},
     {u"Lat", [](const Values& v, const TokenArgs& a) { return coordinate(v, a, true); }},
     {u"Direction%",
-     [](const Values& v, const TokenArgs&) {
-         return v.pFix ? whole(static_cast<int>(v.pFix->m_fCourse)) : QString();
-     }},
+     [](const Values& v, const TokenArgs&) { return v.pFix ? whole(double(v.pFix->m_fCourse)) : QString(); }},
     {u"GoToDistance",
      [](const Values& v, const TokenArgs& a) {
          double lon = 0, lat = 0, km = 0, degrees = 0;
@@ -212,7 +217,7 @@ const Variable kVariables[] = {
      }},
     {u"MaxAltitude",
      [](const Values& v, const TokenArgs& a) {
-         return v.pStats ? whole(static_cast<int>(v.pStats->m_fMaxAltitude * a.factor())) : QString();
+         return v.pStats ? whole(v.pStats->m_fMaxAltitude * a.factor()) : QString();
      }},
     {u"GPSTime%",
      [](const Values& v, const TokenArgs&) {
