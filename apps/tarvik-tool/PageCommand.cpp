@@ -38,10 +38,9 @@ int listElements(ToolContext& ctx, const InfoPageFile& file, const QSize& size) 
         const auto spec = file.ReadElement(name, 0);
         if (!spec) continue;
         const Rect rect = resolveElementRect(spec->pos, size.width(), size.height());
-        ctx.printCsvRow({ToolContext::csvField(name), ToolContext::csvField(spec->strSection),
-                         QString::number(spec->nType), QString::number(rect.left), QString::number(rect.top),
-                         QString::number(rect.right), QString::number(rect.bottom),
-                         ToolContext::csvField(spec->Template())});
+        ctx.printCsvRow({name, spec->strSection, QString::number(spec->nType), QString::number(rect.left),
+                         QString::number(rect.top), QString::number(rect.right), QString::number(rect.bottom),
+                         spec->Template()});
     }
     return ToolContext::kOk;
 }

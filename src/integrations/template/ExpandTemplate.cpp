@@ -17,6 +17,7 @@
 #include <climits>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace {
 
@@ -64,19 +65,32 @@ QString whole(double value) {
     return whole(static_cast<int>(std::clamp(value, double(INT_MIN), double(INT_MAX))));
 }
 
-// Distance (km) and course (degrees 0..359) from the fix to a place; false without a fix position.
-bool towards(const Values& v, double lon, double lat, double& km, double& degrees) {
-    if (!v.pFix) return false;
+// Distance (km) and direction (degrees 0..359) from the fix to a place.
+struct Leg {
+    double km = 0;
+    double degrees = 0;
+};
+
+std::optional<Leg> legTo(const Values& v, double lon, double lat) {
+    if (!v.pFix) return std::nullopt;
     float course = 0;
-    km = GeoDistance(v.pFix->m_dPosLong, v.pFix->m_dPosLat, lon, lat, &course);
-    degrees = std::fmod(course * 180.0 / std::numbers::pi, 360.0);
-    if (degrees < 0) degrees += 360.0;
-    return true;
+    Leg leg;
+    leg.km = GeoDistance(v.pFix->m_dPosLong, v.pFix->m_dPosLat, lon, lat, &course);
+    leg.degrees = std::fmod(course * 180.0 / std::numbers::pi, 360.0);
+    if (leg.degrees < 0) leg.degrees += 360.0;
+    return leg;
 }
 
-// The GoTo target while the GoTo page exists and a target is set.
-bool goToTarget(const Values& v, double& lon, double& lat) {
-    return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat);
+// To the navigation program's destination, while one is known.
+std::optional<Leg> legToDestination(const Values& v) {
+    const NavigationTarget* pTarget = v.navTarget();
+    return pTarget ? legTo(v, pTarget->dLong, pTarget->dLat) : std::nullopt;
+}
+
+// To the GoTo target, while the GoTo page exists and a target is set.
+std::optional<Leg> legToGoTo(const Values& v) {
+    double lon = 0, lat = 0;
+    return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat) ? legTo(v, lon, lat) : std::nullopt;
 }
 
 QString coordinate(const Values& v, const TokenArgs& args, bool isLatitude) {
@@ -128,11 +142,8 @@ const Variable kVariables[] = {
      }},
     {u"Distance2Target",
      [](const Values& v, const TokenArgs& a) {
-         double km = 0, degrees = 0;
-         const NavigationTarget* pTarget = v.navTarget();
-         return pTarget && towards(v, pTarget->dLong, pTarget->dLat, km, degrees)
-                    ? fixed("%.1f", km * a.factor())
-                    : QString();
+         const auto leg = legToDestination(v);
+         return leg ? fixed("%.1f", leg->km * a.factor()) : QString();
      }},
     {u"Average",
      [](const Values& v, const TokenArgs& a) {
@@ -187,29 +198,25 @@ const Variable kVariables[] = {
      [](const Values& v, const TokenArgs&) { return v.pFix ? whole(double(v.pFix->m_fCourse)) : QString(); }},
     {u"GoToDistance",
      [](const Values& v, const TokenArgs& a) {
-         double lon = 0, lat = 0, km = 0, degrees = 0;
-         if (!goToTarget(v, lon, lat) || !towards(v, lon, lat, km, degrees)) return QString();
-         km *= a.factor();
+         const auto leg = legToGoTo(v);
+         if (!leg) return QString();
+         const double km = leg->km * a.factor();
          return fixed(km >= 10.0 ? "%.1f" : "%.3f", km);
      }},
     {u"GoToName%",
      [](const Values& v, const TokenArgs&) {
          double lon = 0, lat = 0;
-         return goToTarget(v, lon, lat) ? v.sources.pGoTo->Name() : QString();
+         return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat) ? v.sources.pGoTo->Name() : QString();
      }},
     {u"GoToDirection%",
      [](const Values& v, const TokenArgs& a) {
-         double lon = 0, lat = 0, km = 0, degrees = 0;
-         if (!goToTarget(v, lon, lat) || !towards(v, lon, lat, km, degrees)) return QString();
-         return fixed("%.1f", degrees * a.factor());
+         const auto leg = legToGoTo(v);
+         return leg ? fixed("%.1f", leg->degrees * a.factor()) : QString();
      }},
     {u"Direction2Target",
      [](const Values& v, const TokenArgs& a) {
-         double km = 0, degrees = 0;
-         const NavigationTarget* pTarget = v.navTarget();
-         return pTarget && towards(v, pTarget->dLong, pTarget->dLat, km, degrees)
-                    ? fixed("%.1f", degrees * a.factor())
-                    : QString();
+         const auto leg = legToDestination(v);
+         return leg ? fixed("%.1f", leg->degrees * a.factor()) : QString();
      }},
     {u"MaxSpeed",
      [](const Values& v, const TokenArgs& a) {
