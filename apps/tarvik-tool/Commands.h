@@ -26,3 +26,5 @@ int runNavCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);
 int runHotkeyCommand(ToolContext& ctx, QStringList args);
+int runTemplateCommand(ToolContext& ctx, QStringList args);
+int runPageCommand(ToolContext& ctx, QStringList args);

@@ -1,5 +1,6 @@
 #include "GpsToolSupport.h"
 
+#include "gps/LogDecoder.h"
 #include "gps/sources/SourceSettings.h"
 #include "settings/CRegistryKey.h"
 
@@ -26,6 +27,20 @@ std::optional<bool> acceptAllTalkers(const ToolOptions& options, QString& proble
         accept = value == "1";
     }
     return accept;
+}
+
+RecordedLog::RecordedLog(const QString& path) : m_file(path) {
+    if (!m_file.open(QIODevice::ReadOnly)) return;
+    m_bOk = true;
+    const uchar* mapped = m_file.size() > 0 ? m_file.map(0, m_file.size()) : nullptr;
+    if (!mapped) m_copy = m_file.readAll();
+    m_view = mapped ? QByteArrayView(mapped, m_file.size()) : QByteArrayView(m_copy);
+    if (LogDecoder::startsWithByteOrderMark(m_view)) {
+        m_copy = m_view.toByteArray();
+        m_copy.truncate(
+            static_cast<qsizetype>(LogDecoder().decode(m_copy.data(), static_cast<size_t>(m_copy.size()))));
+        m_view = m_copy;
+    }
 }
 
 std::optional<FixedDeviceClock> commandClock(const QString& nowOption) {

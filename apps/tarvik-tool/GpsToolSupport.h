@@ -3,6 +3,9 @@
 #include "ToolContext.h"
 #include "platform/DeviceClock.h"
 
+#include <QByteArrayView>
+#include <QFile>
+
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -18,6 +21,21 @@ QString nowProblem(const ToolOptions& options);
 // (the commands that only read a log never change the settings), else the stored setting. Nothing,
 // with the problem, for another --set.
 std::optional<bool> acceptAllTalkers(const ToolOptions& options, QString& problem);
+
+// A recorded NMEA log as the replaying commands read it: mapped rather than read (a day's log is
+// replayed in less time than copying it would take), decoded when it starts with a byte order mark.
+class RecordedLog {
+public:
+    explicit RecordedLog(const QString& path);
+    bool ok() const { return m_bOk; }
+    QByteArrayView bytes() const { return m_view; }
+
+private:
+    QFile m_file;
+    QByteArray m_copy;
+    QByteArrayView m_view;
+    bool m_bOk = false;
+};
 
 // Writes CSV rows of plain fields (numbers, times, names without commas) to stdout in large
 // blocks: a long log gives a long table, and its output must not cost more than its reading.

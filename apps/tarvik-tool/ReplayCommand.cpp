@@ -2,12 +2,10 @@
 #include "GpsToolSupport.h"
 #include "gps/GpsSettings.h"
 #include "gps/HeadlessReplay.h"
-#include "gps/LogDecoder.h"
 #include "gps/RecordingSettings.h"
 #include "gps/sources/SourceSettings.h"
 #include "settings/CRegistryKey.h"
 
-#include <QFile>
 #include <charconv>
 #include <cmath>
 #include <variant>
@@ -151,20 +149,9 @@ int runReplayCommand(ToolContext& ctx, QStringList args) {
         QString error;
         if (!storeSetting(assignment, error)) return ctx.usageError(error, kUsage);
     }
-    QFile file(options.positional().first());
-    if (!file.open(QIODevice::ReadOnly)) return ctx.inputError("cannot read " + file.fileName());
-    // Mapped rather than read: a day's log is replayed in less time than copying it would take.
-    const uchar* mapped = file.size() > 0 ? file.map(0, file.size()) : nullptr;
-    const QByteArray copy = mapped ? QByteArray() : file.readAll();
-    QByteArrayView log = mapped ? QByteArrayView(mapped, file.size()) : QByteArrayView(copy);
-    QByteArray decoded;
-    if (LogDecoder::startsWithByteOrderMark(log)) {
-        decoded = log.toByteArray();
-        decoded.truncate(
-            static_cast<qsizetype>(LogDecoder().decode(decoded.data(), static_cast<size_t>(decoded.size()))));
-        log = decoded;
-    }
-    const ReplaySummary summary = replayLog(ctx.root, *clock, log);
+    RecordedLog log(options.positional().first());
+    if (!log.ok()) return ctx.inputError("cannot read " + options.positional().first());
+    const ReplaySummary summary = replayLog(ctx.root, *clock, log.bytes());
     if (!summary.m_strLogFailure.isEmpty()) return ctx.inputError(summary.m_strLogFailure);
     printSummary(ctx, summary);
     return ToolContext::kOk;

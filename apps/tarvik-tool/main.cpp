@@ -41,6 +41,9 @@ const Noun kNouns[] = {
      runGotoCommand, "*"},
     {"nav", "the navigation program: its kind, a destination handed over, a Windows program's file version",
      runNavCommand, "*"},
+    {"template", "fill the variables of a page template with the GPS state, fresh or after a replay",
+     runTemplateCommand, "*"},
+    {"page", "a user page file: its elements as loaded, the page drawn into a PNG file", runPageCommand, "*"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
@@ -55,11 +58,12 @@ void printHelp(QTextStream& out) {
     out << "\n'tarvik-tool NOUN --help' tells more.\n";
 }
 
-// Drawing the demo's maps needs fonts, which only a GUI application has: that one verb gets one,
-// offscreen, so that the tool still needs no display.
+// Drawing the demo's maps and rendering a page need fonts, which only a GUI application has: those verbs get
+// one, offscreen, so that the tool still needs no display.
 std::unique_ptr<QCoreApplication> makeApplication(int& argc, char* argv[]) {
     for (int i = 1; i + 1 < argc; ++i)
-        if (qstrcmp(argv[i], "demo") == 0 && qstrcmp(argv[i + 1], "maps") == 0) {
+        if ((qstrcmp(argv[i], "demo") == 0 && qstrcmp(argv[i + 1], "maps") == 0) ||
+            (qstrcmp(argv[i], "page") == 0 && qstrcmp(argv[i + 1], "render") == 0)) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
             return std::make_unique<QGuiApplication>(argc, argv);
         }

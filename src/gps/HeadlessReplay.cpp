@@ -8,11 +8,13 @@
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
 
+#include <limits>
+
 namespace {
 
-ReplaySummary run(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log, bool bRecord) {
+// A source start with reset statistics, then the log's sentences on its time line up to `tUntilUtc`.
+void feed(CFendixDoc& doc, FixedDeviceClock& clock, QByteArrayView log, bool bRecord, int64_t tUntilUtc) {
     CRegistryKey key;
-    CFendixDoc doc(root, clock);
     if (!bRecord) doc.KeepSettingsUnchanged();
     doc.LoadSettings();
     doc.Fix().m_nSource = SourceTable::kSimulate;
@@ -22,9 +24,15 @@ ReplaySummary run(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayVie
     forEachLogSentence(log, readSetting(key, SourceSettings::kAcceptAllTalkers),
                        [&](const char* line, int length) {
                            timeline.follow(line, length);
+                           if (clock.utcNow() > tUntilUtc) return false;
                            doc.HandleSentence(line, length);
                            return true;
                        });
+}
+
+ReplaySummary run(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log, bool bRecord) {
+    CFendixDoc doc(root, clock);
+    feed(doc, clock, log, bRecord, std::numeric_limits<int64_t>::max());
 
     ReplaySummary summary;
     summary.m_strLogFile = doc.Log().path();
@@ -44,4 +52,9 @@ ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteAr
 
 ReplaySummary measureLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log) {
     return run(root, clock, log, false);
+}
+
+void measureLogUntil(CFendixDoc& doc, FixedDeviceClock& clock, QByteArrayView log, int64_t atSeconds) {
+    const int64_t tStart = clock.utcNow();
+    feed(doc, clock, log, false, atSeconds < 0 ? std::numeric_limits<int64_t>::max() : tStart + atSeconds);
 }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <cstdint>
 
+class CFendixDoc;
 class DeviceRoot;
 class FixedDeviceClock;
 
@@ -29,3 +30,8 @@ ReplaySummary replayLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteAr
 // and the last position stay in memory), so that a log can be measured after the fact with the
 // figures a replay gives. The summary's log file is empty.
 ReplaySummary measureLog(const DeviceRoot& root, FixedDeviceClock& clock, QByteArrayView log);
+
+// The measuring run into a document of the caller's (made on `clock`), stopped before the first
+// sentence whose time lies more than `atSeconds` after the clock's start; the whole log when
+// `atSeconds` is negative. The document is left as it was at that moment: what a page showed then.
+void measureLogUntil(CFendixDoc& doc, FixedDeviceClock& clock, QByteArrayView log, int64_t atSeconds = -1);

@@ -22,6 +22,7 @@
 #include "integrations/ui/CMNAddOnPage.h"
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
+#include "integrations/ui/CModuleCustom.h"
 #include "maps/ui/CMapView.h"
 #include "nav/GeoSphere.h"
 #include "nav/goto/GoToTarget.h"
@@ -35,6 +36,7 @@
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
 #include "platform/EvdevKeys.h"
+#include "platform/BatteryStatus.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/Backlight.h"
@@ -286,6 +288,22 @@ PageFactory CFendixApp::MakePages() {
     });
     pages.add(PageTable::kAlerts,
               [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
+    pages.setUserPageCreator([this](const UserPageSlot& slot, QWidget* parent) {
+        const auto sources = [this] {
+            return TemplateSources{m_pDoc.get(), m_pTarget.get(),      nullptr,
+                                   nullptr,      readBatteryPercent(), m_clock.localNow()};
+        };
+        // A page name selects that page; the other actions are only noted until hotkey actions run them.
+        const auto action = [this](const QString& name) {
+            if (m_pFrame->PageNames().contains(name))
+                m_pFrame->SelectPageByName(name);
+            else
+                devLog("Page action %s", name.toUtf8().constData());
+        };
+        auto* page = new CModuleCustom(sources, action, parent);
+        page->LoadPage(slot.file);
+        return page;
+    });
     return pages;
 }
 

@@ -8,7 +8,9 @@ CPageView* PageFactory::create(uint16_t command, QWidget* parent) const {
         if (known == command) return creator(parent);
     if (PageTable::isUserPage(command)) {
         const UserPageSlot& slot = m_userPages[command - PageTable::kFirstUserPage];
-        return slot.isEmpty() ? nullptr : new PlaceholderPage(slot.name, parent);
+        if (slot.isEmpty()) return nullptr;
+        if (m_userPageCreator) return m_userPageCreator(slot, parent);
+        return new PlaceholderPage(slot.name, parent);
     }
     const PageTable::Entry* entry = PageTable::entry(command);
     if (!entry || entry->kind == PageTable::Kind::Command) return nullptr;

@@ -13,8 +13,11 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QTimeZone>
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace {
 
@@ -56,20 +59,38 @@ QString fixed(const char* format, double value) {
 QString whole(int value) {
     return QString::number(value);
 }
-
-// Distance (km) and course (degrees 0..359) from the fix to a place; false without a fix position.
-bool towards(const Values& v, double lon, double lat, double& km, double& degrees) {
-    if (!v.pFix) return false;
-    float course = 0;
-    km = GeoDistance(v.pFix->m_dPosLong, v.pFix->m_dPosLat, lon, lat, &course);
-    degrees = std::fmod(course * 180.0 / std::numbers::pi, 360.0);
-    if (degrees < 0) degrees += 360.0;
-    return true;
+// "As a whole number": cut towards zero; a factor that leaves the int range gives the range's end.
+QString whole(double value) {
+    if (std::isnan(value)) return whole(0);
+    return whole(static_cast<int>(std::clamp(value, double(INT_MIN), double(INT_MAX))));
 }
 
-// The GoTo target while the GoTo page exists and a target is set.
-bool goToTarget(const Values& v, double& lon, double& lat) {
-    return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat);
+// Distance (km) and direction (degrees 0..359) from the fix to a place.
+struct Leg {
+    double km = 0;
+    double degrees = 0;
+};
+
+std::optional<Leg> legTo(const Values& v, double lon, double lat) {
+    if (!v.pFix) return std::nullopt;
+    float course = 0;
+    Leg leg;
+    leg.km = GeoDistance(v.pFix->m_dPosLong, v.pFix->m_dPosLat, lon, lat, &course);
+    leg.degrees = std::fmod(course * 180.0 / std::numbers::pi, 360.0);
+    if (leg.degrees < 0) leg.degrees += 360.0;
+    return leg;
+}
+
+// To the navigation program's destination, while one is known.
+std::optional<Leg> legToDestination(const Values& v) {
+    const NavigationTarget* pTarget = v.navTarget();
+    return pTarget ? legTo(v, pTarget->dLong, pTarget->dLat) : std::nullopt;
+}
+
+// To the GoTo target, while the GoTo page exists and a target is set.
+std::optional<Leg> legToGoTo(const Values& v) {
+    double lon = 0, lat = 0;
+    return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat) ? legTo(v, lon, lat) : std::nullopt;
 }
 
 QString coordinate(const Values& v, const TokenArgs& args, bool isLatitude) {
@@ -121,11 +142,8 @@ const Variable kVariables[] = {
      }},
     {u"Distance2Target",
      [](const Values& v, const TokenArgs& a) {
-         double km = 0, degrees = 0;
-         const NavigationTarget* pTarget = v.navTarget();
-         return pTarget && towards(v, pTarget->dLong, pTarget->dLat, km, degrees)
-                    ? fixed("%.1f", km * a.factor())
-                    : QString();
+         const auto leg = legToDestination(v);
+         return leg ? fixed("%.1f", leg->km * a.factor()) : QString();
      }},
     {u"Average",
      [](const Values& v, const TokenArgs& a) {
@@ -166,7 +184,7 @@ const Variable kVariables[] = {
      [](const Values& v, const TokenArgs&) { return v.navTarget() ? v.navTarget()->strTown : QString(); }},
     {u"Altitude",
      [](const Values& v, const TokenArgs& a) {
-         return v.pFix ? whole(static_cast<int>(v.pFix->m_fAltitude * a.factor())) : QString();
+         return v.pFix ? whole(v.pFix->m_fAltitude * a.factor()) : QString();
      }},
     {u"GPSQuality%",
      [](const Values& v, const TokenArgs&) { return v.pFix ? whole(v.pFix->m_nValid) : QString(); }},
@@ -177,34 +195,28 @@ const Variable kVariables[] = {
     {u"Long", [](const Values& v, const TokenArgs& a) { return coordinate(v, a, false); }},
     {u"Lat", [](const Values& v, const TokenArgs& a) { return coordinate(v, a, true); }},
     {u"Direction%",
-     [](const Values& v, const TokenArgs&) {
-         return v.pFix ? whole(static_cast<int>(v.pFix->m_fCourse)) : QString();
-     }},
+     [](const Values& v, const TokenArgs&) { return v.pFix ? whole(double(v.pFix->m_fCourse)) : QString(); }},
     {u"GoToDistance",
      [](const Values& v, const TokenArgs& a) {
-         double lon = 0, lat = 0, km = 0, degrees = 0;
-         if (!goToTarget(v, lon, lat) || !towards(v, lon, lat, km, degrees)) return QString();
-         km *= a.factor();
+         const auto leg = legToGoTo(v);
+         if (!leg) return QString();
+         const double km = leg->km * a.factor();
          return fixed(km >= 10.0 ? "%.1f" : "%.3f", km);
      }},
     {u"GoToName%",
      [](const Values& v, const TokenArgs&) {
          double lon = 0, lat = 0;
-         return goToTarget(v, lon, lat) ? v.sources.pGoTo->Name() : QString();
+         return v.sources.pGoTo && v.sources.pGoTo->GetTarget(lon, lat) ? v.sources.pGoTo->Name() : QString();
      }},
     {u"GoToDirection%",
      [](const Values& v, const TokenArgs& a) {
-         double lon = 0, lat = 0, km = 0, degrees = 0;
-         if (!goToTarget(v, lon, lat) || !towards(v, lon, lat, km, degrees)) return QString();
-         return fixed("%.1f", degrees * a.factor());
+         const auto leg = legToGoTo(v);
+         return leg ? fixed("%.1f", leg->degrees * a.factor()) : QString();
      }},
     {u"Direction2Target",
      [](const Values& v, const TokenArgs& a) {
-         double km = 0, degrees = 0;
-         const NavigationTarget* pTarget = v.navTarget();
-         return pTarget && towards(v, pTarget->dLong, pTarget->dLat, km, degrees)
-                    ? fixed("%.1f", degrees * a.factor())
-                    : QString();
+         const auto leg = legToDestination(v);
+         return leg ? fixed("%.1f", leg->degrees * a.factor()) : QString();
      }},
     {u"MaxSpeed",
      [](const Values& v, const TokenArgs& a) {
@@ -212,7 +224,7 @@ const Variable kVariables[] = {
      }},
     {u"MaxAltitude",
      [](const Values& v, const TokenArgs& a) {
-         return v.pStats ? whole(static_cast<int>(v.pStats->m_fMaxAltitude * a.factor())) : QString();
+         return v.pStats ? whole(v.pStats->m_fMaxAltitude * a.factor()) : QString();
      }},
     {u"GPSTime%",
      [](const Values& v, const TokenArgs&) {

@@ -1,0 +1,1 @@
+tarvik_fuzz_target(template_expand ${CMAKE_CURRENT_SOURCE_DIR}/template_expand.cpp tarvik_integrations)

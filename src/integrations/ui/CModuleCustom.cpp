@@ -1,0 +1,95 @@
+#include "integrations/ui/CModuleCustom.h"
+
+#include "integrations/template/ExpandTemplate.h"
+#include "integrations/ui/CInfoButton.h"
+#include "integrations/ui/InfoElementPainter.h"
+
+#include <QPainter>
+
+CModuleCustom::CModuleCustom(SourcesProvider sources, ActionHandler onAction, QWidget* parent)
+    : CPageView(parent), m_sources(std::move(sources)), m_onAction(std::move(onAction)) {}
+
+bool CModuleCustom::LoadPage(const QString& path, const QString& listSection) {
+    for (CInfoElement* pElement : m_elements)
+        delete pElement;
+    m_elements.clear();
+    const bool bLoaded = m_file.Load(path, listSection);
+    m_tile = loadInfoImage(m_file.BackgroundImage());
+    const qsizetype nCount = m_file.ElementNames().size();
+    m_elements.assign(static_cast<size_t>(nCount), nullptr);
+    m_states.assign(static_cast<size_t>(nCount), 0);
+    for (size_t i = 0; i < m_elements.size(); ++i)
+        MakeElement(i);
+    update();
+    return bLoaded;
+}
+
+void CModuleCustom::MakeElement(size_t index) {
+    delete m_elements[index];
+    m_elements[index] = nullptr;
+    const QString& name = m_file.ElementNames()[static_cast<qsizetype>(index)];
+    const auto spec = m_file.ReadElement(name, m_states[index]);
+    if (!spec) {
+        m_states[index] = 0;
+        return;
+    }
+    CInfoElement* pElement = nullptr;
+    if (spec->IsButton()) {
+        auto* pButton = new CInfoButton(*spec, this);
+        connect(pButton, &CInfoButton::tapped, this, [this, index] { Tap(index); });
+        pElement = pButton;
+    } else {
+        pElement = new CInfoElement(*spec, this);
+    }
+    m_elements[index] = pElement;
+    Place(index);
+    Expand(index, m_sources ? m_sources() : TemplateSources());
+    pElement->show();
+}
+
+void CModuleCustom::Place(size_t index) {
+    const Rect rect = resolveElementRect(m_elements[index]->Spec().pos, width(), height());
+    m_elements[index]->setGeometry(
+        QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1)));
+}
+
+void CModuleCustom::Expand(size_t index, const TemplateSources& sources) {
+    m_elements[index]->SetText(ExpandTemplate(m_elements[index]->Spec().Template(), sources));
+}
+
+void CModuleCustom::OnUpdate(uint16_t) {
+    ++m_nUpdates;
+    const TemplateSources sources = m_sources ? m_sources() : TemplateSources();
+    for (size_t i = 0; i < m_elements.size(); ++i) {
+        if (!m_elements[i]) continue;
+        // "Refresh" 1 redraws at every update, n above 1 at every n-th, 0 (or less) never after loading.
+        const int32_t nRefresh = m_elements[i]->Spec().nRefresh;
+        if (nRefresh == 1 || (nRefresh > 1 && m_nUpdates % nRefresh == 0)) Expand(i, sources);
+    }
+}
+
+void CModuleCustom::Tap(size_t index) {
+    if (index >= m_elements.size() || !m_elements[index]) return;
+    const InfoElementSpec spec = m_elements[index]->Spec();
+    if (!spec.IsButton() || spec.bPassive) return;
+    if (spec.nType == 2) {
+        // A switch: the next state that has a section of its own, after the last one the first.
+        const int nNext = m_states[index] + 1;
+        m_states[index] =
+            nNext < 256 && m_file.HasState(spec.strName, nNext) ? static_cast<uint8_t>(nNext) : 0;
+        // The element is made anew later: the tap may have come from the very window it replaces.
+        QMetaObject::invokeMethod(
+            this, [this, index] { MakeElement(index); }, Qt::QueuedConnection);
+    }
+    if (!spec.strAction.isEmpty() && m_onAction) m_onAction(spec.strAction);
+}
+
+void CModuleCustom::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintInfoBackground(painter, rect(), m_tile, m_file.BackgroundColour());
+}
+
+void CModuleCustom::resizeEvent(QResizeEvent*) {
+    for (size_t i = 0; i < m_elements.size(); ++i)
+        if (m_elements[i]) Place(i);
+}
