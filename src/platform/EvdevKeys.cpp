@@ -52,9 +52,9 @@ void EvdevKeys::SetDevice(const QString& nameOrPath) {
         if (!m_pWatcher->directories().isEmpty()) m_pWatcher->removePaths(m_pWatcher->directories());
         return;
     }
-    m_pWatcher->addPath(m_strInputFolder);
-    const QString byId = m_strInputFolder + QStringLiteral("/by-id");
-    if (QFileInfo(byId).isDir()) m_pWatcher->addPath(byId);
+    for (const QString& folder : {m_strInputFolder, m_strInputFolder + QStringLiteral("/by-id")})
+        if (QFileInfo(folder).isDir() && !m_pWatcher->directories().contains(folder))
+            m_pWatcher->addPath(folder);
     TryOpen();
     m_pRescan->start();
 }

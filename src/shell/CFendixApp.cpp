@@ -55,6 +55,7 @@
 #include "shell/hotkeys/CHotkeyActions.h"
 #include "shell/hotkeys/CHotkeyInput.h"
 #include "shell/hotkeys/FlashNotice.h"
+#include "shell/hotkeys/HotkeySettings.h"
 #include "shell/pages/CHotkeyView.h"
 #include "shell/pages/CSettingsPage.h"
 
@@ -241,7 +242,11 @@ PageFactory CFendixApp::MakePages() {
         services.deviceState = [this] {
             if (!m_pDeviceKeys) return QString();
             if (m_pDeviceKeys->IsOpen()) return QStringLiteral("Gelesen: %1").arg(m_pDeviceKeys->OpenPath());
-            return m_pDeviceKeys->Problem();
+            if (!m_pDeviceKeys->Problem().isEmpty()) return m_pDeviceKeys->Problem();
+            CRegistryKey key;
+            return readSetting(key, HotkeySettings::kDevice).isEmpty()
+                       ? QString()
+                       : QStringLiteral("Nicht angeschlossen; wird gelesen, sobald es da ist.");
         };
         return new CHotkeyView(services, parent);
     });

@@ -1,7 +1,7 @@
 #include "platform/EvdevKeys.h"
+#include "support/CoreApplication.h"
 #include "support/Files.h"
 
-#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,13 +12,6 @@
 #include <unistd.h>
 
 namespace {
-
-void ensureCoreApplication() {
-    static int argc = 1;
-    static char name[] = "evdev_tests";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
-}
 
 // A virtual keyboard made through uinput; gone when destroyed, as an unplugged device is.
 class VirtualKeys {

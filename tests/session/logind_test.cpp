@@ -1,8 +1,8 @@
 #include "platform/session/Backlight.h"
 #include "platform/session/SystemReboot.h"
+#include "support/CoreApplication.h"
 #include "support/Files.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -11,13 +11,6 @@
 #include <mutex>
 
 namespace {
-
-void ensureCoreApplication() {
-    static int argc = 1;
-    static char name[] = "session_tests";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
-}
 
 // What the stand-in logind was asked, in order.
 struct Calls {
