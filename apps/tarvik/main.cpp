@@ -7,12 +7,10 @@
 #include "settings/RegistryHive.h"
 #include "shell/CFendixApp.h"
 #include "shell/PageTable.h"
-#include "shell/UserPageSlots.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -53,8 +51,8 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
                                         QStringLiteral("Show this help."));
     const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the version."));
-    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,   gotoOption,
-                                               pageOption, helpOption, versionOption};
+    const QList<QCommandLineOption> options = {rootOption, demoOption, fullOption,
+                                               gotoOption, pageOption, helpOption, versionOption};
     QCommandLineParser parser;
     parser.addOptions(options);
     if (!parser.parse(arguments)) {
@@ -89,6 +87,11 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     const QString startPage = parser.value(pageOption);
+    if (parser.isSet(pageOption) && !PageTable::pageNames().contains(startPage)) {
+        std::fprintf(stderr, "tarvik: no page named \"%s\" (tarvik --help lists them)\n",
+                     qPrintable(startPage));
+        return 2;
+    }
     if (const QString reason = missingDisplayReason(); !reason.isEmpty()) {
         std::fprintf(stderr, "tarvik: %s\n", qPrintable(reason));
         return 1;
@@ -119,15 +122,6 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     RegistryHive::setCurrent(std::make_shared<RegistryHive>(root.registryFile()));
-    // The user pages are known only once the root is: they are the page files of its program folder.
-    const UserPageSlots userPages = scanUserPages(root.programFolder());
-    if (parser.isSet(pageOption) && !PageTable::pageNames().contains(startPage) &&
-        std::none_of(userPages.begin(), userPages.end(),
-                     [&startPage](const UserPageSlot& slot) { return slot.name == startPage; })) {
-        std::fprintf(stderr, "tarvik: no page named \"%s\" (tarvik --help lists them)\n",
-                     qPrintable(startPage));
-        return 2;
-    }
 
     CFendixApp tarvik(root);
     if (!tarvik.InitInstance(parser.isSet(fullOption), startPage)) return 1;
