@@ -1,3 +1,4 @@
+#include "CoreApplication.h"
 #include "gps/sources/SourceSettings.h"
 #include "integrations/TmcStatus.h"
 #include "integrations/tmc/CTmcReceiver.h"
@@ -7,18 +8,10 @@
 #include "support/Files.h"
 #include "support/TestRoot.h"
 
-#include <QCoreApplication>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace {
-
-void ensureCoreApplication() {
-    static int argc = 1;
-    static char name[] = "tarvik_integrations_tests";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
-}
 
 // Timers started by hand: the test fires them instead of waiting.
 struct ManualTimers : TmcTimers {
