@@ -24,3 +24,5 @@ int runWptCommand(ToolContext& ctx, QStringList args);
 int runGotoCommand(ToolContext& ctx, QStringList args);
 int runSkyCommand(ToolContext& ctx, QStringList args);
 int runLogCommand(ToolContext& ctx, QStringList args);
+int runLiveposCommand(ToolContext& ctx, QStringList args);
+int runTmcCommand(ToolContext& ctx, QStringList args);

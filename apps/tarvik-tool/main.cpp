@@ -42,6 +42,9 @@ const Noun kNouns[] = {
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
+    {"livepos", "the live position upload: the send address, one send, a look-up, an answer line",
+     runLiveposCommand, "url send get parse"},
+    {"tmc", "load the TMC receiver library and run it for a while", runTmcCommand, "probe"},
 };
 
 void printHelp(QTextStream& out) {

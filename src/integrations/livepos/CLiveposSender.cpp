@@ -42,7 +42,7 @@ void CLiveposSender::SendTick() {
     if (m_nNextDue != 0 && m_hooks.tick() < m_nNextDue) return;
     QString error;
     const LiveposFix fix = m_hooks.fix ? m_hooks.fix() : LiveposFix{};
-    if (!LiveposUrl::BuildSendUrl(fix, m_hooks.expand, m_strUrl, error)) {
+    if (!LiveposUrl::BuildSendUrl(LiveposAccount::FromSettings(), fix, m_hooks.expand, m_strUrl, error)) {
         m_strStatus = error;
         Q_EMIT statusChanged();
         return;

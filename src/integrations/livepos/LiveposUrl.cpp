@@ -9,6 +9,24 @@ constexpr double kKnotsPerKmh = 1.0 / 1.852;
 
 } // namespace
 
+LiveposAccount LiveposAccount::FromSettings() {
+    CRegistryKey key;
+    return {readSetting(key, LiveposSettings::kNickName), readSetting(key, LiveposSettings::kPassword),
+            readSetting(key, LiveposSettings::kComment), readSetting(key, LiveposSettings::kUrlSendPos)};
+}
+
+bool LiveposAccount::Set(const QString& name, const QString& value) {
+    QString* fields[] = {&strNickName, &strPassword, &strComment, &strSendTemplate};
+    const QString names[] = {LiveposSettings::kNickName.name(), LiveposSettings::kPassword.name(),
+                             LiveposSettings::kComment.name(), LiveposSettings::kUrlSendPos.name()};
+    for (int i = 0; i < 4; ++i)
+        if (name.compare(names[i], Qt::CaseInsensitive) == 0) {
+            *fields[i] = value;
+            return true;
+        }
+    return false;
+}
+
 namespace LiveposUrl {
 
 QString Expand(const QString& templ, const QString& nickName, const QString& password, const QString& comment,
@@ -23,16 +41,14 @@ QString Expand(const QString& templ, const QString& nickName, const QString& pas
     return expand ? expand(url) : url;
 }
 
-bool BuildSendUrl(const LiveposFix& fix, const TemplateExpander& expand, QString& url, QString& error) {
-    CRegistryKey key;
-    const QString nickName = readSetting(key, LiveposSettings::kNickName);
-    if (nickName.isEmpty()) {
+bool BuildSendUrl(const LiveposAccount& account, const LiveposFix& fix, const TemplateExpander& expand,
+                  QString& url, QString& error) {
+    if (account.strNickName.isEmpty()) {
         error = QString::fromLatin1(kNoNickName);
         return false;
     }
-    url = Expand(readSetting(key, LiveposSettings::kUrlSendPos), nickName,
-                 readSetting(key, LiveposSettings::kPassword), readSetting(key, LiveposSettings::kComment),
-                 fix, expand);
+    url = Expand(account.strSendTemplate, account.strNickName, account.strPassword, account.strComment, fix,
+                 expand);
     return true;
 }
 

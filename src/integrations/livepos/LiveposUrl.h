@@ -15,6 +15,19 @@ struct LiveposFix {
     float fCourse = 0; // degrees true
 };
 
+// The own account's settings that a send address is built from.
+struct LiveposAccount {
+    QString strNickName;
+    QString strPassword;
+    QString strComment;
+    QString strSendTemplate; // "LiveposUrlSendPos"
+
+    static LiveposAccount FromSettings();
+    // Takes one "LiveposNickName", "LiveposPassword", "LiveposComment" or "LiveposUrlSendPos"
+    // value; false for any other name.
+    bool Set(const QString& name, const QString& value);
+};
+
 namespace LiveposUrl {
 inline constexpr const char* kNoNickName = "Please enter a Nick Name first!";
 
@@ -24,8 +37,9 @@ inline constexpr const char* kNoNickName = "Please enter a Nick Name first!";
 QString Expand(const QString& templ, const QString& nickName, const QString& password, const QString& comment,
                const LiveposFix& fix, const TemplateExpander& expand);
 
-// The send address from the stored settings; false (and `error` = kNoNickName) without a nick name.
-bool BuildSendUrl(const LiveposFix& fix, const TemplateExpander& expand, QString& url, QString& error);
+// The send address of `account`; false (and `error` = kNoNickName) without a nick name.
+bool BuildSendUrl(const LiveposAccount& account, const LiveposFix& fix, const TemplateExpander& expand,
+                  QString& url, QString& error);
 // The look-up address for another user's nick name and password.
 QString BuildGetUrl(const QString& nickName, const QString& password, const TemplateExpander& expand);
 

@@ -56,6 +56,10 @@ void CTmcReceiver::SetMode(int nMode) {
     Q_EMIT changed();
 }
 
+void CTmcReceiver::OverrideMode(int nMode) {
+    if (TmcModes::isValid(nMode)) m_nMode = nMode;
+}
+
 void CTmcReceiver::Start() {
     if (m_nMode == TmcModes::kOff || !m_library.IsLoaded()) return;
     m_timers.Stop(TmcTimers::kRetry);

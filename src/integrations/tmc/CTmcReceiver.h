@@ -39,6 +39,8 @@ public:
     // A menu choice: stores the mode, lets the document apply its settings, starts or stops the
     // receiver; "Keine Sendersteuerung" is sent to the tuner at once.
     void SetMode(int nMode);
+    // The mode for this run only, not stored: the developer's probe.
+    void OverrideMode(int nMode);
     // Starts the library on the GPS port unless the mode is "TMC Off" or no library is loaded.
     void Start();
     void OnTimer(int nTimer);
