@@ -98,5 +98,6 @@ void PositionVerifier::addStep(const GpsFix& fix, int32_t seconds, double km) {
         m_stats.m_dTourDistance += km;
         m_stats.m_nMovingTime += seconds;
         m_stats.m_dMovingDistance += km;
+        m_stats.m_tBreakStart = fix.m_tFixTime;
     }
 }

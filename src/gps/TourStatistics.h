@@ -12,6 +12,9 @@ struct TourStatistics {
     double m_dMovingDistance = 0;
     int32_t m_nTourTime = 0;    // survives restarts ("TourTime")
     double m_dTourDistance = 0; // survives restarts ("Tour")
+    // Local seconds of the last fix that counted as moving: the start of the current break. 0 before
+    // the first one.
+    int64_t m_tBreakStart = 0;
 
     // The maxima start at 0.0, so in the western or southern hemisphere they stay 0.0: kept as the
     // pages and the logbook have always shown them.
