@@ -1,10 +1,12 @@
 #include "Commands.h"
 #include "GpsToolSupport.h"
+#include "gps/CFendixDoc.h"
 #include "gps/FixReplay.h"
 #include "gps/GpsFix.h"
 #include "integrations/livepos/CLiveposLookup.h"
 #include "integrations/livepos/CLiveposSender.h"
 #include "integrations/livepos/LiveposQueue.h"
+#include "integrations/template/ExpandTemplate.h"
 
 #include <QFile>
 
@@ -25,11 +27,21 @@ const char* const kUsage =
     "{\"line\", \"lon\", \"lat\", \"text\", \"ok\"}: ok is true when longitude, latitude and text were "
     "found.";
 
-// The template language's values for the tool: the place where the info variables of the replayed
-// position are filled in.
-TemplateExpander toolExpander(const GpsFix&) {
-    return {};
-}
+// The template language over a document that holds the replayed fix.
+struct ReplayedDocument {
+    SystemDeviceClock clock;
+    CFendixDoc doc;
+
+    ReplayedDocument(const DeviceRoot& root, const GpsFix& fix) : doc(root, clock) { doc.Fix() = fix; }
+    TemplateExpander Expander() {
+        return [this](const QString& text) {
+            TemplateSources sources;
+            sources.pDoc = &doc;
+            sources.tLocalNow = clock.localNow();
+            return ExpandTemplate(text, sources);
+        };
+    }
+};
 
 struct Position {
     GpsFix fix;
@@ -93,7 +105,8 @@ int runUrlOrSend(ToolContext& ctx, const QString& verb, const QStringList& args)
     const std::optional<Position> position = replayedPosition(ctx, options, exitCode);
     if (!position) return exitCode;
     QString url, error;
-    if (!LiveposUrl::BuildSendUrl(account, position->fields, toolExpander(position->fix), url, error))
+    ReplayedDocument replayed(ctx.root, position->fix);
+    if (!LiveposUrl::BuildSendUrl(account, position->fields, replayed.Expander(), url, error))
         return ctx.inputError(error);
     if (verb == u"url") {
         ctx.out << url << '\n';
@@ -124,7 +137,8 @@ int runLiveposCommand(ToolContext& ctx, QStringList args) {
     }
     if (verb == u"get") {
         if (args.size() != 2) return ctx.usageError(ToolContext::argumentCountProblem(args, 2, 2), kUsage);
-        const QString url = LiveposUrl::BuildGetUrl(args.at(0), args.at(1), toolExpander(GpsFix{}));
+        ReplayedDocument noPosition(ctx.root, GpsFix{});
+        const QString url = LiveposUrl::BuildGetUrl(args.at(0), args.at(1), noPosition.Expander());
         const CLiveposLookup::Result result = CLiveposLookup::Fetch(url, ctx.root.cacheFolder(), {});
         printAnswer(ctx, result.strShown, result.answer);
         return result.bFetched ? ToolContext::kOk : ctx.inputError(result.strError);
