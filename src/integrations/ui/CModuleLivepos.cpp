@@ -40,7 +40,7 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
     CRegistryKey key;
     auto* content = new QWidget;
     auto* form = new QFormLayout(content);
-    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setRowWrapPolicy(QFormLayout::WrapAllRows); // labels above their fields: readable on 240 pixels
     m_pNickName = lineEdit(readSetting(key, LiveposSettings::kNickName), content);
     m_pPassword = lineEdit(readSetting(key, LiveposSettings::kPassword), content);
     m_pPassword->setEchoMode(QLineEdit::Password);
@@ -71,7 +71,7 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
                            LiveposUrl::TraccarTemplate(readSetting(key, LiveposSettings::kTraccarServer)));
     connect(m_pTraccar, &QCheckBox::toggled, this, &CModuleLivepos::UseTraccar);
     form->addRow(m_pTraccar);
-    m_pQueue = new QCheckBox(QStringLiteral("Nicht gesendete Positionen aufheben"), content);
+    m_pQueue = new QCheckBox(QStringLiteral("Offline-Puffer"), content);
     m_pQueue->setChecked(readSetting(key, LiveposSettings::kQueue));
     form->addRow(m_pQueue);
     m_pStatus = new QLabel(content);
@@ -88,10 +88,12 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
     m_pResult->setWordWrap(true);
     form->addRow(m_pGetPos, m_pResult);
     m_pToGoTo = new QPushButton(QStringLiteral("Übernehme Position in GoTo Seite"), content);
-    m_pToNavigation = new QPushButton(QStringLiteral("Als Ziel an Navigationsprogramm"), content);
+    m_pToNavigation = new QPushButton(QStringLiteral("An Navigationsprogramm"), content);
     auto* home = new QPushButton(QStringLiteral("Livepos Homepage"), content);
-    for (QPushButton* button : {m_pToGoTo, m_pToNavigation, home})
+    for (QPushButton* button : {m_pToGoTo, m_pToNavigation, home}) {
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // long texts must not widen the page
         form->addRow(button);
+    }
     m_pToGoTo->setEnabled(false);
     m_pToNavigation->setEnabled(false);
     connect(m_pToGoTo, &QPushButton::clicked, this, [this] {
