@@ -6,6 +6,7 @@
 #include "integrations/livepos/LiveposUrl.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
+#include "shell/ui/ScrollingContent.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,8 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -107,13 +106,7 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
         if (m_actions.openBrowser) m_actions.openBrowser(readSetting(homeKey, LiveposSettings::kHomeUrl));
     });
 
-    auto* scroll = new QScrollArea(this);
-    scroll->setWidget(content);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(scroll);
+    setScrollingContent(this, content);
 
     connect(&m_sender, &CLiveposSender::statusChanged, this, &CModuleLivepos::ShowSendStatus);
     connect(m_pLookup, &CLiveposLookup::finished, this, [this](const CLiveposLookup::Result& result) {
