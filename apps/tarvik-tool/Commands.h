@@ -28,3 +28,5 @@ int runLogCommand(ToolContext& ctx, QStringList args);
 int runHotkeyCommand(ToolContext& ctx, QStringList args);
 int runTemplateCommand(ToolContext& ctx, QStringList args);
 int runPageCommand(ToolContext& ctx, QStringList args);
+int runLiveposCommand(ToolContext& ctx, QStringList args);
+int runTmcCommand(ToolContext& ctx, QStringList args);

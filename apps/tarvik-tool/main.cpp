@@ -48,6 +48,9 @@ const Noun kNouns[] = {
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
     {"hotkey", "resolve button presses into hotkey value names, list the assignments", runHotkeyCommand, "*"},
+    {"livepos", "the live position upload: the send address, one send, a look-up, an answer line",
+     runLiveposCommand, "url send get parse"},
+    {"tmc", "load the TMC receiver library and run it for a while", runTmcCommand, "probe"},
 };
 
 void printHelp(QTextStream& out) {

@@ -48,6 +48,7 @@
 #include "settings/DevLog.h"
 #include "settings/RegistryHive.h"
 #include "shell/CMainFrame.h"
+#include "shell/IntegrationServices.h"
 #include "shell/PageTable.h"
 #include "shell/ShellSettings.h"
 #include "shell/TouchStyle.h"
@@ -87,8 +88,10 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pWaypoints->Load(WaypointFilePath(m_root));
     connect(m_pTarget.get(), &CGoToTarget::changed, this, &CFendixApp::SendSimulationTarget);
     m_pBridge = std::make_unique<NavigationBridge>(m_root, m_navTarget);
+    m_pServices = std::make_unique<IntegrationServices>(m_root, m_clock, *m_pDoc, *m_pTarget);
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
+    connect(m_pFrame.get(), &CMainFrame::pagesRedrawn, m_pServices.get(), &IntegrationServices::OnUpdate);
     connect(m_pFrame.get(), &CMainFrame::closing, this, &CFendixApp::Shutdown);
     connect(m_pFrame.get(), &CMainFrame::commandTriggered, this, [this](uint16_t command) {
         if (command == PageTable::kStorePosition) StorePosition();
@@ -119,6 +122,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     StartAutoStartProgram();
     StartNavigationProgram();
     m_pAutoActions->Start();
+    m_pServices->Start();
 
     m_idleInhibitor.hold(readSetting(key, ShellSettings::kNoPowerdown));
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
@@ -270,6 +274,7 @@ PageFactory CFendixApp::MakePages() {
         connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
         return page;
     });
+    m_pServices->AddPages(pages, [this] { m_pFrame->SelectPage(PageTable::kGoTo); });
     pages.add(PageTable::kAltitude, [this](QWidget* parent) { return new CAltitudeView(*m_pDoc, parent); });
     pages.add(PageTable::kSatellites,
               [this](QWidget* parent) { return new CSatelliteView(*m_pDoc, parent); });
@@ -428,6 +433,7 @@ void CFendixApp::ShowNotice(const QString& text) {
 void CFendixApp::Shutdown() {
     if (m_bShutDown || !m_pDoc) return;
     m_bShutDown = true;
+    m_pServices->Stop();
     m_pDoc->StopSource();
     m_pDoc->SetAlertHooks(nullptr);
     m_pSounds->shutdown();

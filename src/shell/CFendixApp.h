@@ -26,6 +26,7 @@ class CGoToTarget;
 class CWaypointList;
 class CMainFrame;
 class DocumentSource;
+class IntegrationServices;
 class MemoryPressure;
 class CNavOverlay;
 class NavigationBridge;
@@ -86,9 +87,10 @@ private:
     std::unique_ptr<QtNoiseMeter> m_pNoiseMeter;
     std::unique_ptr<SoundController> m_pSounds;
     std::unique_ptr<DocumentSource> m_pSource;
-    std::unique_ptr<PoiLoader> m_pPois;          // before the frame: the POI pages refer to it
-    std::unique_ptr<CGoToTarget> m_pTarget;      // likewise the GoTo, speed and track pages
-    std::unique_ptr<CWaypointList> m_pWaypoints; // the GoTo page and "Speicher aktuelle Pos"
+    std::unique_ptr<PoiLoader> m_pPois;               // before the frame: the POI pages refer to it
+    std::unique_ptr<CGoToTarget> m_pTarget;           // likewise the GoTo, speed and track pages
+    std::unique_ptr<CWaypointList> m_pWaypoints;      // the GoTo page and "Speicher aktuelle Pos"
+    std::unique_ptr<IntegrationServices> m_pServices; // TMC and live position, before their pages
     std::unique_ptr<CMainFrame> m_pFrame;
     std::unique_ptr<Backlight> m_pBacklight;
     std::unique_ptr<CHotkeyActions> m_pActions;

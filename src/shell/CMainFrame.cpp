@@ -229,4 +229,5 @@ void CMainFrame::showRawSentence(const char* pLine, int nLength) {
 
 void CMainFrame::redrawPages(uint16_t hint) {
     if (m_pCurrentPage) m_pCurrentPage->OnUpdate(hint);
+    Q_EMIT pagesRedrawn(hint);
 }

@@ -49,6 +49,8 @@ Q_SIGNALS:
     // The frame closes for real: stop the source, save and close the document.
     void closing();
     void commandTriggered(uint16_t command);
+    // After every document update, whichever page is shown (the services beside the pages follow it).
+    void pagesRedrawn(uint16_t hint);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -3,6 +3,7 @@
 #include "gps/sound/SoundSettings.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
+#include "shell/ui/ScrollingContent.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 
 namespace {
 
@@ -66,13 +66,7 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
     grid->setRowStretch(row, 1);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    auto* scroll = new QScrollArea(this);
-    scroll->setWidget(content);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(scroll);
+    setScrollingContent(this, content);
 }
 
 void CModuleAlerts::Store() {

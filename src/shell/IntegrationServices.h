@@ -1,0 +1,46 @@
+#pragma once
+
+#include "integrations/TmcStatus.h"
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <memory>
+
+class CFendixDoc;
+class CGoToTarget;
+class CLiveposSender;
+class CTmcReceiver;
+class DeviceClock;
+class DeviceRoot;
+class PageFactory;
+class QtTmcTimers;
+
+// The services beside the GPS that run while the program runs: the TMC receiver and the live
+// position upload, with their pages. The position updates reach the upload through OnUpdate;
+// Stop ends the send thread and the receiver library before the document closes.
+class IntegrationServices : public QObject {
+    Q_OBJECT
+public:
+    IntegrationServices(const DeviceRoot& root, DeviceClock& clock, CFendixDoc& doc, CGoToTarget& target,
+                        QObject* parent = nullptr);
+    ~IntegrationServices() override;
+
+    // `showGoTo` switches the frame to the GoTo page.
+    void AddPages(PageFactory& pages, std::function<void()> showGoTo);
+    void Start();
+    void OnUpdate(uint16_t hint);
+    void Stop();
+    const TmcStatus& Tmc() const { return m_tmcStatus; }
+
+private:
+    QString Expand(const QString& text) const;
+
+    DeviceClock& m_clock;
+    CFendixDoc& m_doc;
+    CGoToTarget& m_target;
+    TmcStatus m_tmcStatus;
+    std::unique_ptr<QtTmcTimers> m_pTmcTimers;
+    std::unique_ptr<CTmcReceiver> m_pTmc;
+    std::unique_ptr<CLiveposSender> m_pLivepos;
+};
