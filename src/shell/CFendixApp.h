@@ -2,6 +2,7 @@
 
 #include "gps/sources/StopEvent.h"
 #include "gps/ui/CModuleAlerts.h"
+#include "nav/track/TrackFiles.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
@@ -14,6 +15,7 @@
 
 class CFendixDoc;
 class CGoToTarget;
+class CMeasurement;
 class CWaypointList;
 class CMainFrame;
 class DocumentSource;
@@ -24,6 +26,7 @@ class QtNoiseMeter;
 class QtSoundOutput;
 class SoundController;
 class TerminationSignals;
+struct ShapeLayers;
 
 // The program: starts the parts in their order (settings, document, frame, sounds, the page of
 // "CurrentView", the POIs, the GPS source, the old-log purge, the program started with this one) and
@@ -52,6 +55,10 @@ private:
     // After each target change: the splitter driver's simulation text to the open port.
     void SendSimulationTarget();
     std::optional<double> TargetDistance() const;
+    // A recorded log's positions, for the track page and the map's track.
+    LogPositionReader LogReader();
+    // The shapefile layers of "\Tarvik.gsh", opened once; skipped layers are told in a notice.
+    std::shared_ptr<ShapeLayers> Shapes();
     QDateTime LocalNow() const;
     void ApplyLowPriority(bool bActive);
     void Shutdown();
@@ -67,9 +74,12 @@ private:
     std::unique_ptr<QtNoiseMeter> m_pNoiseMeter;
     std::unique_ptr<SoundController> m_pSounds;
     std::unique_ptr<DocumentSource> m_pSource;
-    std::unique_ptr<PoiLoader> m_pPois;          // before the frame: the POI pages refer to it
-    std::unique_ptr<CGoToTarget> m_pTarget;      // likewise the GoTo, speed and track pages
-    std::unique_ptr<CWaypointList> m_pWaypoints; // the GoTo page and "Speicher aktuelle Pos"
+    std::unique_ptr<PoiLoader> m_pPois;           // before the frame: the POI pages refer to it
+    std::unique_ptr<CGoToTarget> m_pTarget;       // likewise the GoTo, speed and track pages
+    std::unique_ptr<CWaypointList> m_pWaypoints;  // the GoTo page and "Speicher aktuelle Pos"
+    std::unique_ptr<CMeasurement> m_pMeasurement; // made on the map pages, inserted by the track page
+    TrackVertices m_mapTrack;                     // the track page's track, drawn on the map pages
+    std::shared_ptr<ShapeLayers> m_pShapes;       // opened with the first map page
     std::unique_ptr<CMainFrame> m_pFrame;
     TerminationSignals* m_pSignals = nullptr;
     MemoryPressure* m_pPressure = nullptr;

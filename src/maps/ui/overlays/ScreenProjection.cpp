@@ -1,0 +1,37 @@
+#include "maps/ui/overlays/ScreenProjection.h"
+
+#include "maps/ui/MapViewport.h"
+
+namespace {
+// A homogeneous weight below this lies at or behind the eye (1 is the weight at the centre).
+constexpr double kMinWeight = 1e-3;
+} // namespace
+
+ScreenProjection::ScreenProjection(const MapViewport& viewport) : m_transform(viewport.GeoToScreen()) {}
+
+std::optional<QPointF> ScreenProjection::Map(QPointF geo) const {
+    const QTransform& t = m_transform;
+    const double w = t.m13() * geo.x() + t.m23() * geo.y() + t.m33();
+    if (w < kMinWeight) return std::nullopt;
+    return QPointF((t.m11() * geo.x() + t.m21() * geo.y() + t.m31()) / w,
+                   (t.m12() * geo.x() + t.m22() * geo.y() + t.m32()) / w);
+}
+
+std::vector<QPolygonF> ScreenProjection::Polyline(const QPolygonF& geo) const {
+    std::vector<QPolygonF> pieces;
+    if (!m_transform.isAffine()) {
+        QPolygonF piece;
+        for (const QPointF& point : geo) {
+            if (const auto screen = Map(point)) {
+                piece.append(*screen);
+            } else if (!piece.isEmpty()) {
+                pieces.push_back(std::move(piece));
+                piece = QPolygonF();
+            }
+        }
+        if (!piece.isEmpty()) pieces.push_back(std::move(piece));
+        return pieces;
+    }
+    pieces.push_back(m_transform.map(geo));
+    return pieces;
+}
