@@ -100,7 +100,7 @@ TEST(ShapeLayer, BadFilesAreSkippedWithAMessage) {
         {"no .shx", [](const QString& b) { QFile::remove(b + ".shx"); }, ".shx or .dbf"},
         {"no .dbf", [](const QString& b) { QFile::remove(b + ".dbf"); }, ".shx or .dbf"},
         {"projected", [](const QString& b) { writeFile(b + ".prj", kUtmPrj); }, "another coordinate system"},
-        {"not a shapefile", [](const QString& b) { writeFile(b + ".shp", QByteArray(200, 'x')); },
+        {"not a shapefile", [](const QString& b) { writeFile(b + ".shp", QByteArray(50, 'x')); },
          "not a readable shapefile"},
     };
     int n = 0;

@@ -132,9 +132,12 @@ std::unique_ptr<CShapeLayer> CShapeLayer::Open(const QString& path, const QStrin
                         .arg(layer->m_nCount);
             return nullptr;
         }
+        layer->m_boxes.push_back(
+            QRectF(QPointF(object->dfXMin, object->dfYMin), QPointF(object->dfXMax, object->dfYMax)));
         if (object->nSHPType != SHPT_NULL) SHPTreeAddShapeId(layer->m_pFiles->m_pTree, object);
         SHPDestroyObject(object);
     }
+    layer->m_boxes.shrink_to_fit();
     SHPTreeTrimExtraNodes(layer->m_pFiles->m_pTree);
     return layer;
 }
@@ -178,6 +181,11 @@ const std::vector<const Shape*>& CShapeLayer::ShapesIn(const QRectF& box) {
     kept.reserve(size_t(count));
     m_found.clear();
     for (int i = 0; i < count; ++i) {
+        // The tree gives the shapes of the nodes the box meets; their own boxes tell.
+        const QRectF& bounds = m_boxes[size_t(ids[i])];
+        if (bounds.left() > box.right() || bounds.right() < box.left() || bounds.top() > box.bottom() ||
+            bounds.bottom() < box.top())
+            continue;
         auto cached = m_cache.find(ids[i]);
         std::shared_ptr<const Shape> shape = cached != m_cache.end() ? cached->second : ReadShape(ids[i]);
         if (!shape) continue;

@@ -44,6 +44,7 @@ private:
     int m_nCount = 0;
     int m_nLabelField = -1;
     QRectF m_bounds;
+    std::vector<QRectF> m_boxes; // each shape's bounding box (lon, lat); empty for a null shape
     std::unordered_map<int, std::shared_ptr<const Shape>> m_cache; // the shapes of the last box
     std::vector<const Shape*> m_found;
 };

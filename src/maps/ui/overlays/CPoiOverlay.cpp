@@ -1,5 +1,6 @@
 #include "maps/ui/overlays/CPoiOverlay.h"
 
+#include "maps/ui/MapDisplaySettings.h"
 #include "maps/ui/MapViewport.h"
 #include "maps/ui/overlays/PolylinePainting.h"
 #include "maps/ui/overlays/ScreenProjection.h"
@@ -20,7 +21,8 @@ struct Placed {
 
 } // namespace
 
-CPoiOverlay::CPoiOverlay(const PoiLoader& pois) : m_pois(pois) {
+CPoiOverlay::CPoiOverlay(const PoiLoader& pois, const MapDisplaySettings& settings)
+    : m_pois(pois), m_settings(settings) {
     ReadSettings();
 }
 
@@ -35,7 +37,7 @@ void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
         m_names.clear();
         return;
     }
-    if (m_bHideByDiag && (viewport.Rotation() != 0.0 || viewport.Horizon() > 0.0)) return;
+    if (m_bHideByDiag && (m_settings.m_bTurnMap || m_settings.m_bShowPerspective)) return;
     const QRectF box = viewport.VisibleGeoBox();
     if (box.isEmpty()) return;
     const ScreenProjection projection(viewport);

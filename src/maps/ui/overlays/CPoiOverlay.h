@@ -9,6 +9,7 @@
 #include <cstdint>
 
 class PoiLoader;
+struct MapDisplaySettings;
 
 // The points of the enabled POI files with their files' icons (a dot for a file without one). Where
 // icons would cover each other only the first is drawn, so a crowded map stays readable and fast;
@@ -21,7 +22,7 @@ public:
     static constexpr int kDotEdge = 8;   // pixels, the mark of a file without icon
     static constexpr QRgb kDotColour = 0xff0060c0;
 
-    explicit CPoiOverlay(const PoiLoader& pois);
+    CPoiOverlay(const PoiLoader& pois, const MapDisplaySettings& settings);
 
     void Paint(QPainter& painter, const MapViewport& viewport) override;
     QString Title() const override { return QStringLiteral("POIs"); }
@@ -30,6 +31,7 @@ public:
 
 private:
     const PoiLoader& m_pois;
+    const MapDisplaySettings& m_settings;
     bool m_bHideByDiag = false;
     bool m_bSmallFont = false;
     QHash<QString, QString> m_names; // by file path and name offset; emptied while files load

@@ -16,7 +16,7 @@ void AddMapOverlays(CMapView& view, const MapOverlaySources& sources) {
     if (sources.pShapes) view.AddOverlay(std::make_unique<CShapeOverlay>(sources.pShapes));
     view.AddOverlay(std::make_unique<CRunTrackOverlay>(view.Document(), view.DisplaySettings()));
     if (sources.track) view.AddOverlay(std::make_unique<CTrackOverlay>(sources.track));
-    if (sources.pPois) view.AddOverlay(std::make_unique<CPoiOverlay>(*sources.pPois));
+    if (sources.pPois) view.AddOverlay(std::make_unique<CPoiOverlay>(*sources.pPois, view.DisplaySettings()));
     if (sources.pWaypoints && sources.pTarget)
         view.AddOverlay(
             std::make_unique<CWaypointOverlay>(*sources.pWaypoints, *sources.pTarget, view.Document().Fix()));
