@@ -83,8 +83,13 @@ void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
             if (p.pEntry->m_nNameOffset == 0) continue;
             const QString key = p.pFile->path() + '#' + QString::number(p.pEntry->m_nNameOffset);
             auto name = m_names.find(key);
-            if (name == m_names.end())
-                name = m_names.insert(key, PoiNameText(ReadPoiName(*p.pFile, *p.pEntry)).trimmed());
+            if (name == m_names.end()) {
+                // An .asc name keeps its quotes in the file; on the map they are only noise.
+                QString text = PoiNameText(ReadPoiName(*p.pFile, *p.pEntry)).trimmed();
+                if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"'))
+                    text = text.mid(1, text.size() - 2);
+                name = m_names.insert(key, text);
+            }
             if (!name->isEmpty())
                 PolylinePainting::DrawLabel(painter, p.at + QPointF(edge / 2.0 + 2, -edge / 2.0), *name,
                                             QColor(0, 0, 0));
