@@ -95,9 +95,9 @@ QTransform MapViewport::GeoToScreen() const {
 
 QRectF MapViewport::VisibleGeoBox() const {
     if (m_plane == Plane::Image || m_size.isEmpty()) return QRectF();
-    // The far ground of a perspective view reaches the horizon; a tenth of the way below it is far
+    // The far ground of a perspective view reaches the horizon; a quarter of the way below it is far
     // enough for anything drawn there to be seen.
-    const double top = m_dHorizon > 0 ? std::max(0.0, Anchor().y() - m_dHorizon * 0.9) : 0.0;
+    const double top = m_dHorizon > 0 ? std::max(0.0, Anchor().y() - m_dHorizon * 0.75) : 0.0;
     const double w = m_size.width(), h = m_size.height();
     double west = 1e9, eastmost = -1e9, south = 1e9, north = -1e9;
     for (const QPointF corner : {QPointF(0, top), QPointF(w, top), QPointF(0, h), QPointF(w, h)}) {

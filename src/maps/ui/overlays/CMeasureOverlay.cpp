@@ -50,7 +50,8 @@ void CMeasureOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
     painter.setRenderHint(QPainter::Antialiasing);
     if (geo.size() >= 3) {
         painter.setPen(QPen(colour, 1.5, Qt::DashLine));
-        for (const QPolygonF& piece : projection.Polyline(QPolygonF({geo.back(), geo.front()})))
+        for (const QPolygonF& piece : projection.Polyline(QPolygonF({geo.back(), geo.front()}),
+                                                          ScreenProjection::Around(painter.window(), 4)))
             painter.drawPolyline(piece);
     }
     PolylinePainting::DrawLine(painter, projection, geo, colour, 2.5);

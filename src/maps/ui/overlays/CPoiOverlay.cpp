@@ -46,7 +46,9 @@ void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
     int edge = kDotEdge;
     for (const PoiFile* file : m_pois.pois().enabledFiles())
         if (!file->m_icon.isNull()) edge = std::max({edge, file->m_icon.width(), file->m_icon.height()});
-    const int columns = int(window.width()) / edge + 1, rows = int(window.height()) / edge + 1;
+    // A cell of twice the icon's edge: the icons keep some ground between them.
+    const int cellEdge = std::max(2 * edge, kMinCell);
+    const int columns = int(window.width()) / cellEdge + 1, rows = int(window.height()) / cellEdge + 1;
     std::vector<bool> taken(size_t(columns * rows), false);
     std::vector<Placed> placed;
     for (const PoiFile* file : m_pois.pois().enabledFiles()) {
@@ -57,7 +59,7 @@ void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
             if (it->m_dLat < box.top() || it->m_dLat > box.bottom()) continue;
             const auto at = projection.Map(QPointF(it->m_dLon, it->m_dLat));
             if (!at || !window.contains(*at)) continue;
-            const size_t cell = size_t(int(at->y()) / edge * columns + int(at->x()) / edge);
+            const size_t cell = size_t(int(at->y()) / cellEdge * columns + int(at->x()) / cellEdge);
             if (taken[cell]) continue;
             taken[cell] = true;
             placed.push_back({file, &*it, *at});

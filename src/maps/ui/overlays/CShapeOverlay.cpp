@@ -16,6 +16,7 @@ void CShapeOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
     const QRectF box = viewport.VisibleGeoBox();
     if (box.isEmpty()) return;
     const ScreenProjection projection(viewport);
+    const QRectF window = ScreenProjection::Around(painter.window(), 30);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     for (ShapeLayers::Layer& layer : m_pLayers->m_layers) {
@@ -23,7 +24,11 @@ void CShapeOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
         if (!style.ShowsAt(viewport.Scale())) continue;
         const std::vector<const Shape*>& shapes = layer.m_pShapes->ShapesIn(box);
         const QColor line = toQColor(style.m_colLine);
-        painter.setPen(QPen(line, style.m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        // Smooth and at the layer's width while few shapes are in view; a dense layer is drawn with
+        // hairlines, many times faster and no less readable where the lines crowd.
+        const bool dense = shapes.size() > kMaxSmooth;
+        painter.setRenderHint(QPainter::Antialiasing, !dense);
+        painter.setPen(QPen(line, dense ? 0 : style.m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         for (const Shape* shape : shapes) {
             switch (shape->m_kind) {
             case Shape::Kind::Points:
@@ -34,7 +39,7 @@ void CShapeOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
                 break;
             case Shape::Kind::Lines:
                 for (const QPolygonF& part : shape->m_parts)
-                    for (const QPolygonF& piece : projection.Polyline(part))
+                    for (const QPolygonF& piece : projection.Polyline(part, window))
                         painter.drawPolyline(piece);
                 break;
             case Shape::Kind::Polygons: {

@@ -11,7 +11,8 @@ struct ShapeLayers;
 // small squares, and the label field's text beside the shapes while few are in view.
 class CShapeOverlay : public CMapOverlay {
 public:
-    static constexpr int kMaxLabelled = 60; // shapes of a layer in view that still get labels
+    static constexpr int kMaxLabelled = 60;   // shapes of a layer in view that still get labels
+    static constexpr size_t kMaxSmooth = 300; // more shapes of a layer in view: hairlines
 
     // The layers are shared by the map pages (one opened copy of each file).
     explicit CShapeOverlay(std::shared_ptr<ShapeLayers> layers);

@@ -16,7 +16,8 @@ QPen roundPen(const QColor& colour, double width) {
 
 void DrawLine(QPainter& painter, const ScreenProjection& projection, const QPolygonF& geo,
               const QColor& colour, double width) {
-    const std::vector<QPolygonF> pieces = projection.Polyline(geo);
+    const std::vector<QPolygonF> pieces =
+        projection.Polyline(geo, ScreenProjection::Around(painter.window(), width + 2));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);

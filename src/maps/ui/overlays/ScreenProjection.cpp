@@ -17,21 +17,33 @@ std::optional<QPointF> ScreenProjection::Map(QPointF geo) const {
                    (t.m12() * geo.x() + t.m22() * geo.y() + t.m32()) / w);
 }
 
-std::vector<QPolygonF> ScreenProjection::Polyline(const QPolygonF& geo) const {
+std::vector<QPolygonF> ScreenProjection::Polyline(const QPolygonF& geo, const QRectF& window) const {
     std::vector<QPolygonF> pieces;
-    if (!m_transform.isAffine()) {
-        QPolygonF piece;
-        for (const QPointF& point : geo) {
-            if (const auto screen = Map(point)) {
+    QPolygonF piece;
+    std::optional<QPointF> previous;
+    const auto endPiece = [&] {
+        if (piece.size() >= 2) pieces.push_back(std::move(piece));
+        piece = QPolygonF();
+    };
+    for (const QPointF& point : geo) {
+        const std::optional<QPointF> screen = Map(point);
+        if (!screen) {
+            endPiece();
+            previous.reset();
+            continue;
+        }
+        if (previous) {
+            const QRectF segment = QRectF(*previous, *screen).normalized();
+            if (segment.right() >= window.left() && segment.left() <= window.right() &&
+                segment.bottom() >= window.top() && segment.top() <= window.bottom()) {
+                if (piece.isEmpty()) piece.append(*previous);
                 piece.append(*screen);
-            } else if (!piece.isEmpty()) {
-                pieces.push_back(std::move(piece));
-                piece = QPolygonF();
+            } else {
+                endPiece();
             }
         }
-        if (!piece.isEmpty()) pieces.push_back(std::move(piece));
-        return pieces;
+        previous = screen;
     }
-    pieces.push_back(m_transform.map(geo));
+    endPiece();
     return pieces;
 }
