@@ -2,6 +2,8 @@
 
 #include "maps/ui/MapViewport.h"
 
+#include <cmath>
+
 namespace {
 // A homogeneous weight below this lies at or behind the eye (1 is the weight at the centre).
 constexpr double kMinWeight = 1e-3;
@@ -37,7 +39,9 @@ std::vector<QPolygonF> ScreenProjection::Polyline(const QPolygonF& geo, const QR
             if (segment.right() >= window.left() && segment.left() <= window.right() &&
                 segment.bottom() >= window.top() && segment.top() <= window.bottom()) {
                 if (piece.isEmpty()) piece.append(*previous);
-                piece.append(*screen);
+                // Points closer than a pixel to the last one kept add nothing but stroking time.
+                const QPointF step = *screen - piece.back();
+                if (std::abs(step.x()) >= 1.0 || std::abs(step.y()) >= 1.0) piece.append(*screen);
             } else {
                 endPiece();
             }
