@@ -29,6 +29,7 @@ fuzz: deps
 
 screenshots: build
 	scripts/screenshots $(BUILD) docs/screenshots
+	scripts/screenshots-overlays $(BUILD) docs/screenshots
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -23,13 +23,17 @@
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
 #include "integrations/ui/CModuleCustom.h"
+#include "maps/shapes/ShapeLayers.h"
 #include "maps/ui/CMapView.h"
+#include "maps/ui/overlays/MapOverlays.h"
 #include "nav/GeoSphere.h"
 #include "nav/goto/GoToTarget.h"
 #include "nav/goto/TargetNames.h"
 #include "nav/goto/VantrelText.h"
 #include "nav/goto/WaypointFilePath.h"
 #include "nav/poi/PoiLoader.h"
+#include "nav/track/Measurement.h"
+#include "nav/track/TrackSettings.h"
 #include "nav/ui/CGoToView.h"
 #include "nav/ui/CModuleTrack.h"
 #include "nav/ui/CNextPoiView.h"
@@ -86,6 +90,11 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     m_pTarget = std::make_unique<CGoToTarget>();
     m_pWaypoints = std::make_unique<CWaypointList>();
     m_pWaypoints->Load(WaypointFilePath(m_root));
+    m_pMeasurement = std::make_unique<CMeasurement>();
+    if (const QString track = readSetting(key, TrackSettings::kTrack); !track.isEmpty()) {
+        QString error;
+        LoadTrackFile(track, LogReader(), m_mapTrack, error);
+    }
     connect(m_pTarget.get(), &CGoToTarget::changed, this, &CFendixApp::SendSimulationTarget);
     m_pBridge = std::make_unique<NavigationBridge>(m_root, m_navTarget);
     m_pServices = std::make_unique<IntegrationServices>(m_root, m_clock, *m_pDoc, *m_pTarget);
@@ -180,6 +189,14 @@ PageFactory CFendixApp::MakePages() {
         pages.add(uint16_t(PageTable::kMap + instance), [this, instance](QWidget* parent) {
             auto* view = new CMapView(*m_pDoc, instance, parent);
             view->SetGoToTarget(m_pTarget.get());
+            MapOverlaySources sources;
+            sources.pShapes = Shapes();
+            sources.track = [this]() -> const TrackVertices& { return m_mapTrack; };
+            sources.pPois = m_pPois.get();
+            sources.pWaypoints = m_pWaypoints.get();
+            sources.pTarget = m_pTarget.get();
+            sources.pMeasurement = m_pMeasurement.get();
+            AddMapOverlays(*view, sources);
             return view;
         });
     pages.add(PageTable::kGoTo, [this](QWidget* parent) {
@@ -208,16 +225,11 @@ PageFactory CFendixApp::MakePages() {
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
     pages.add(PageTable::kTrack, [this](QWidget* parent) {
-        return new CModuleTrack(
-            *m_pTarget,
-            [this](QIODevice& file, TrackVertices& track) {
-                std::vector<TrackPoint> points;
-                if (!ReadFromFile(&file, points, m_pDoc->Fix(), m_clock, false)) return false;
-                for (const TrackPoint& p : points)
-                    track.push_back({p.m_dLong, p.m_dLat});
-                return true;
-            },
-            {}, parent);
+        auto* page = new CModuleTrack(*m_pTarget, LogReader(), {}, parent);
+        page->SetMeasurement(m_pMeasurement.get());
+        m_mapTrack = page->Track();
+        connect(page, &CModuleTrack::trackChanged, this, [this, page] { m_mapTrack = page->Track(); });
+        return page;
     });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
@@ -315,6 +327,25 @@ PageFactory CFendixApp::MakePages() {
         return page;
     });
     return pages;
+}
+
+LogPositionReader CFendixApp::LogReader() {
+    return [this](QIODevice& file, TrackVertices& track) {
+        std::vector<TrackPoint> points;
+        if (!ReadFromFile(&file, points, m_pDoc->Fix(), m_clock, false)) return false;
+        for (const TrackPoint& p : points)
+            track.push_back({p.m_dLong, p.m_dLat});
+        return true;
+    };
+}
+
+std::shared_ptr<ShapeLayers> CFendixApp::Shapes() {
+    if (m_pShapes) return m_pShapes;
+    m_pShapes = LoadShapeLayers(m_root.hostPath(QString::fromLatin1(kShapeProfilePath)),
+                                [this](const QString& path) { return m_root.hostPath(path); });
+    if (!m_pShapes->m_messages.isEmpty())
+        ShowNotice(QStringLiteral("Shape-Ebenen übersprungen:\n") + m_pShapes->m_messages.join('\n'));
+    return m_pShapes;
 }
 
 void CFendixApp::StorePosition() {

@@ -2,6 +2,7 @@
 
 #include "gps/sources/StopEvent.h"
 #include "gps/ui/CModuleAlerts.h"
+#include "nav/track/TrackFiles.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "platform/session/IdleInhibitor.h"
@@ -23,6 +24,7 @@ class CHotkeyInput;
 class EvdevKeys;
 class FlashNotice;
 class CGoToTarget;
+class CMeasurement;
 class CWaypointList;
 class CMainFrame;
 class DocumentSource;
@@ -37,6 +39,7 @@ class QtNoiseMeter;
 class QtSoundOutput;
 class SoundController;
 class TerminationSignals;
+struct ShapeLayers;
 
 // The program: starts the parts in their order (settings, document, frame, sounds, the page of
 // "CurrentView", the POIs, the GPS source, the old-log purge, the program started with this one) and
@@ -72,6 +75,10 @@ private:
     // After each target change: the splitter driver's simulation text to the open port.
     void SendSimulationTarget();
     std::optional<double> TargetDistance() const;
+    // A recorded log's positions, for the track page and the map's track.
+    LogPositionReader LogReader();
+    // The shapefile layers of "\Tarvik.gsh", opened once; skipped layers are told in a notice.
+    std::shared_ptr<ShapeLayers> Shapes();
     QDateTime LocalNow() const;
     void ApplyLowPriority(bool bActive);
     void Shutdown();
@@ -91,6 +98,9 @@ private:
     std::unique_ptr<CGoToTarget> m_pTarget;           // likewise the GoTo, speed and track pages
     std::unique_ptr<CWaypointList> m_pWaypoints;      // the GoTo page and "Speicher aktuelle Pos"
     std::unique_ptr<IntegrationServices> m_pServices; // TMC and live position, before their pages
+    std::unique_ptr<CMeasurement> m_pMeasurement;     // made on the map pages, inserted by the track page
+    TrackVertices m_mapTrack;                         // the track page's track, drawn on the map pages
+    std::shared_ptr<ShapeLayers> m_pShapes;           // opened with the first map page
     std::unique_ptr<CMainFrame> m_pFrame;
     std::unique_ptr<Backlight> m_pBacklight;
     std::unique_ptr<CHotkeyActions> m_pActions;

@@ -1,5 +1,6 @@
 #include "nav/goto/GoToSettings.h"
 #include "nav/goto/GoToTarget.h"
+#include "nav/track/Measurement.h"
 #include "nav/track/TrackSettings.h"
 #include "nav/ui/CGoToView.h"
 #include "nav/ui/CModuleTrack.h"
@@ -204,4 +205,25 @@ TEST(ModuleTrack, OpensListsEditsAndSaves) {
     EXPECT_EQ(fileBytes(root.file("c.tk")), "50.0000000,12.0000000,\n49.1234567,11.5000000,\n");
     page.DeleteAll();
     EXPECT_EQ(page.List()->topLevelItemCount(), 0);
+}
+
+TEST(TrackPage, InsertsTheMapsMeasurementAsMeasured) {
+    ensureApplication();
+    TestRoot root;
+    CGoToTarget target;
+    CModuleTrack page(target, [](QIODevice&, TrackVertices&) { return false; });
+    ASSERT_FALSE(page.Command("Füge Längenmessung aus Karte ein")->isEnabled()) << "no measurement given";
+    CMeasurement measurement;
+    page.SetMeasurement(&measurement);
+    target.SetTarget(12, 50, "T");
+    page.InsertGoToTarget();
+    page.InsertGoToTarget();
+    const TrackVertices measured{{11.51, 48.12}, {11.52, 48.13}, {11.5312345, 48.1412345}};
+    for (const TrackVertex& point : measured)
+        measurement.Add(point.m_dLon, point.m_dLat);
+    page.List()->topLevelItem(1)->setSelected(true);
+    page.Command("Füge Längenmessung aus Karte ein")->trigger();
+    EXPECT_EQ(page.Track(), (TrackVertices{{12, 50}, measured[0], measured[1], measured[2], {12, 50}}))
+        << "before the selected point";
+    EXPECT_EQ(page.List()->topLevelItemCount(), 5);
 }

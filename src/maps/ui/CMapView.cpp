@@ -178,6 +178,8 @@ void CMapView::DropCachedData() {
 
 void CMapView::showEvent(QShowEvent* event) {
     CPageView::showEvent(event);
+    for (const ShownOverlay& overlay : m_overlays)
+        overlay.m_pOverlay->ReadSettings(); // changed on other pages meanwhile
     // Memory pressure may have taken the image while the page was hidden.
     const MapCalibration* map = m_catalogue.CurrentMap();
     if (map && m_catalogue.ShowMap() && !map->HasImage() && !map->MapFile().isEmpty()) LoadCurrent(false);
@@ -322,7 +324,18 @@ void CMapView::PanBy(QPointF from, QPointF to) {
 }
 
 void CMapView::AddOverlay(std::unique_ptr<CMapOverlay> overlay) {
-    m_overlays.push_back(std::move(overlay));
+    CRegistryKey key(MapSettings::KeyPath(m_nInstance));
+    const bool shown = readSetting(key, Setting<int32_t>{overlay->SettingName(), 1, false}) != 0;
+    overlay->ReadSettings();
+    m_overlays.push_back({std::move(overlay), shown});
+    update();
+}
+
+void CMapView::SetOverlayShown(size_t index, bool shown) {
+    ShownOverlay& overlay = m_overlays.at(index);
+    overlay.m_bShown = shown;
+    CRegistryKey key(MapSettings::KeyPath(m_nInstance));
+    writeSetting(key, Setting<int32_t>{overlay.m_pOverlay->SettingName(), 1, false}, shown ? 1 : 0);
     update();
 }
 
@@ -469,8 +482,9 @@ void CMapView::Render(QPainter& painter) {
     }
     MapPainting::DrawGround(painter, m_viewport);
     DrawMap(painter);
-    for (const auto& overlay : m_overlays)
-        overlay->Paint(painter, m_viewport);
+    if (!m_bImagePlane)
+        for (const ShownOverlay& overlay : m_overlays)
+            if (overlay.m_bShown) overlay.m_pOverlay->Paint(painter, m_viewport);
     const MapCalibration* map = m_catalogue.CurrentMap();
     if (m_bDrawCalibrationPoints && map && (m_bImagePlane || isCalibrated(*map)))
         MapPainting::DrawCalibrationPoints(painter, m_viewport, *map);

@@ -45,7 +45,13 @@ public:
 
     // One frame into `painter` (the widget's paint, and offscreen frames).
     void Render(QPainter& painter);
+    // Drawn from now on, unless the page's setting named by the overlay says it is switched off.
     void AddOverlay(std::unique_ptr<CMapOverlay> overlay);
+    size_t OverlayCount() const { return m_overlays.size(); }
+    CMapOverlay& Overlay(size_t index) const { return *m_overlays[index].m_pOverlay; }
+    bool IsOverlayShown(size_t index) const { return m_overlays[index].m_bShown; }
+    // Switches one overlay on or off and writes it at once.
+    void SetOverlayShown(size_t index, bool shown);
 
     const MapViewport& Viewport() const { return m_viewport; }
     CMapCatalogue& Catalogue() { return m_catalogue; }
@@ -139,7 +145,11 @@ private:
     MapGestures* m_pGestures;
     MapViewport m_viewport;
     MapDisplaySettings m_settings;
-    std::vector<std::unique_ptr<CMapOverlay>> m_overlays;
+    struct ShownOverlay {
+        std::unique_ptr<CMapOverlay> m_pOverlay;
+        bool m_bShown = true;
+    };
+    std::vector<ShownOverlay> m_overlays;
 
     MapCalibration* m_pDisplayed = nullptr; // the map whose image is drawn
     MapCalibration* m_pPrevious = nullptr;  // the one before: its image is kept for a quick way back

@@ -89,8 +89,11 @@ void CMapView::OnTapped(QPointF at) {
     if (!m_bImagePlane && PickedPosition(at)) return;
     const auto position = m_bImagePlane ? std::nullopt : m_viewport.FromScreen(at);
     if (!position) return;
-    for (const auto& overlay : m_overlays)
-        if (overlay->Tapped(*position)) return;
+    for (const ShownOverlay& overlay : m_overlays)
+        if (overlay.m_bShown && overlay.m_pOverlay->Tapped(*position)) {
+            update();
+            return;
+        }
 }
 
 bool CMapView::OnCommand(PageCommand command) {

@@ -1,6 +1,7 @@
 #include "maps/ui/MapMenus.h"
 
 #include "gps/CFendixDoc.h"
+#include "maps/ui/CMapOverlay.h"
 #include "maps/ui/CMapView.h"
 #include "nav/CoordinateText.h"
 #include "nav/goto/GoToTarget.h"
@@ -84,6 +85,15 @@ void addDisplayMenu(QMenu* menu, CMapView& view) {
     addSettingToggle(menu, view, QStringLiteral("Farbige Grafik"), &MapDisplaySettings::m_bColoredGraph);
 }
 
+void addOverlayMenu(QMenu* menu, CMapView& view) {
+    for (size_t i = 0; i < view.OverlayCount(); ++i)
+        addToggle(menu, view.Overlay(i).Title(), view.IsOverlayShown(i),
+                  [&view, i](bool on) { view.SetOverlayShown(i, on); });
+    menu->addSeparator();
+    for (size_t i = 0; i < view.OverlayCount(); ++i)
+        view.Overlay(i).AddCommands(*menu);
+}
+
 // "Punkt eingeben": latitude and longitude typed in any notation.
 bool askPosition(QWidget* parent, int slot, double& lon, double& lat) {
     QDialog dialog(parent);
@@ -163,6 +173,7 @@ QMenu* PageMenu(CMapView& view) {
     addToggle(menu, QStringLiteral("Verfolge aktuelle Position"), view.IsFollowing(),
               [&view](bool on) { view.SetFollowing(on); });
     addDisplayMenu(menu->addMenu(QStringLiteral("Darstellung")), view);
+    if (view.OverlayCount() > 0) addOverlayMenu(menu->addMenu(QStringLiteral("Einblendungen")), view);
     return menu;
 }
 

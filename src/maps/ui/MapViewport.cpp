@@ -82,11 +82,32 @@ std::optional<QPointF> MapViewport::FromScreen(QPointF screen) const {
 QTransform MapViewport::MapToScreen(const MapCalibration& map) const {
     if (m_plane == Plane::Image)
         return QTransform::fromTranslate(-m_centre.x(), -m_centre.y()) * PlaneToScreen();
+    return fromColumnMatrix(map.PixelToGeoMatrix()) * GeoToScreen();
+}
+
+QTransform MapViewport::GeoToScreen() const {
     const double k = metresPerDegree();
     const double east = k * std::cos(m_centre.y() * DegToRad);
     // (lon, lat) -> metres east and south of the centre.
     const QTransform geoToPlane(east, 0, 0, 0, -k, 0, -m_centre.x() * east, m_centre.y() * k, 1);
-    return fromColumnMatrix(map.PixelToGeoMatrix()) * geoToPlane * PlaneToScreen();
+    return geoToPlane * PlaneToScreen();
+}
+
+QRectF MapViewport::VisibleGeoBox() const {
+    if (m_plane == Plane::Image || m_size.isEmpty()) return QRectF();
+    // The far ground of a perspective view reaches the horizon; a quarter of the way below it is far
+    // enough for anything drawn there to be seen.
+    const double top = m_dHorizon > 0 ? std::max(0.0, Anchor().y() - m_dHorizon * 0.75) : 0.0;
+    const double w = m_size.width(), h = m_size.height();
+    double west = 1e9, eastmost = -1e9, south = 1e9, north = -1e9;
+    for (const QPointF corner : {QPointF(0, top), QPointF(w, top), QPointF(0, h), QPointF(w, h)}) {
+        const std::optional<QPointF> ground = FromScreen(corner);
+        if (!ground) continue;
+        west = std::min(west, ground->x()), eastmost = std::max(eastmost, ground->x());
+        south = std::min(south, ground->y()), north = std::max(north, ground->y());
+    }
+    if (west > eastmost) return QRectF();
+    return QRectF(QPointF(west, south), QPointF(eastmost, north));
 }
 
 bool MapViewport::Pan(QPointF from, QPointF to) {

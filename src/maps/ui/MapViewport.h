@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointF>
+#include <QRectF>
 #include <QSize>
 #include <QTransform>
 #include <optional>
@@ -48,6 +49,11 @@ public:
     // The map's image pixels -> screen pixels: through its calibration on the geographic plane,
     // as it is on the image plane.
     QTransform MapToScreen(const MapCalibration& map) const;
+    // (lon, lat) -> screen pixel as one transform, for the many positions of an overlay.
+    QTransform GeoToScreen() const;
+    // The (lon, lat) box around what the screen shows; in perspective the ground up to near the
+    // horizon. Empty on the image plane.
+    QRectF VisibleGeoBox() const;
 
     // The ground under `from` comes to lie under `to` (a drag); false when either is above the horizon.
     bool Pan(QPointF from, QPointF to);

@@ -1,6 +1,7 @@
 #include "nav/ui/CModuleTrack.h"
 
 #include "nav/goto/GoToTarget.h"
+#include "nav/track/Measurement.h"
 #include "nav/track/TrackSettings.h"
 #include "settings/CRegistryKey.h"
 
@@ -75,8 +76,11 @@ CModuleTrack::CModuleTrack(const CGoToTarget& target, LogPositionReader readLog,
     m_pMenu->addAction(QStringLiteral("Lösche markierte Wegpunkte"), this, &CModuleTrack::DeleteSelected);
     m_pMenu->addAction(QStringLiteral("Lösche alle Wegpunkte"), this, &CModuleTrack::DeleteAll);
     m_pMenu->addAction(QStringLiteral("Füge GoTo Koordinate ein"), this, &CModuleTrack::InsertGoToTarget);
-    // Waits for the map's distance measurement.
-    m_pMenu->addAction(QStringLiteral("Füge Längenmessung aus Karte ein"))->setEnabled(false);
+    // Enabled once the map's measurement is given (SetMeasurement).
+    m_pMenu
+        ->addAction(QStringLiteral("Füge Längenmessung aus Karte ein"), this,
+                    &CModuleTrack::InsertMeasurement)
+        ->setEnabled(false);
 
     if (const QString path = readSetting(key, TrackSettings::kTrack); !path.isEmpty()) Open(path);
 }
@@ -150,11 +154,23 @@ void CModuleTrack::DeleteAll() {
 
 void CModuleTrack::InsertGoToTarget() {
     double lon = 0, lat = 0;
-    if (!m_target.GetTarget(lon, lat)) return;
+    if (m_target.GetTarget(lon, lat)) InsertPoints({{lon, lat}});
+}
+
+void CModuleTrack::SetMeasurement(const CMeasurement* pMeasurement) {
+    m_pMeasurement = pMeasurement;
+    Command(QStringLiteral("Füge Längenmessung aus Karte ein"))->setEnabled(pMeasurement != nullptr);
+}
+
+void CModuleTrack::InsertMeasurement() {
+    if (m_pMeasurement && !m_pMeasurement->Points().empty()) InsertPoints(m_pMeasurement->Points());
+}
+
+void CModuleTrack::InsertPoints(const TrackVertices& points) {
     int at = static_cast<int>(m_track.size());
     for (QTreeWidgetItem* item : m_pList->selectedItems())
         at = std::min(at, m_pList->indexOfTopLevelItem(item));
-    m_track.insert(m_track.begin() + at, {lon, lat});
+    m_track.insert(m_track.begin() + at, points.begin(), points.end());
     Rebuild();
 }
 

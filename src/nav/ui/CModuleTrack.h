@@ -6,6 +6,7 @@
 #include <functional>
 
 class CGoToTarget;
+class CMeasurement;
 class QLabel;
 class QMenu;
 class QTreeWidget;
@@ -32,6 +33,9 @@ public:
     void DeleteAll();
     // The GoTo target before the first selected entry, or at the end when nothing is selected.
     void InsertGoToTarget();
+    // The points of the map's measurement, placed as the GoTo target is; enabled once it is given.
+    void SetMeasurement(const CMeasurement* pMeasurement);
+    void InsertMeasurement();
     QAction* Command(const QString& text) const;
 
     const TrackVertices& Track() const { return m_track; }
@@ -45,8 +49,10 @@ private:
     void OpenChosen();
     bool WriteTo(const QString& path);
     void Rebuild();
+    void InsertPoints(const TrackVertices& points);
 
     const CGoToTarget& m_target;
+    const CMeasurement* m_pMeasurement = nullptr;
     LogPositionReader m_readLog;
     ChooseFile m_chooseFile;
     TrackVertices m_track;

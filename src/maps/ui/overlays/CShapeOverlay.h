@@ -1,0 +1,26 @@
+#pragma once
+
+#include "maps/ui/CMapOverlay.h"
+
+#include <memory>
+
+struct ShapeLayers;
+
+// The shapefile layers of "\Tarvik.gsh": each within its scale range, only the shapes in view, lines
+// and outlines in the layer's colour and width, polygons filled when the layer has a fill, points as
+// small squares, and the label field's text beside the shapes while few are in view.
+class CShapeOverlay : public CMapOverlay {
+public:
+    static constexpr int kMaxLabelled = 60;   // shapes of a layer in view that still get labels
+    static constexpr size_t kMaxSmooth = 300; // more shapes of a layer in view: hairlines
+
+    // The layers are shared by the map pages (one opened copy of each file).
+    explicit CShapeOverlay(std::shared_ptr<ShapeLayers> layers);
+
+    void Paint(QPainter& painter, const MapViewport& viewport) override;
+    QString Title() const override { return QStringLiteral("Shape-Ebenen"); }
+    const char* SettingName() const override { return "ShowShapes"; }
+
+private:
+    std::shared_ptr<ShapeLayers> m_pLayers;
+};
