@@ -41,6 +41,7 @@ const Noun kNouns[] = {
      runGotoCommand, "*"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
+    {"share", "share a recorded log as Tarvik shares its receiver: pseudo-terminal and TCP server", runShareCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
 };
 
