@@ -90,7 +90,8 @@ int runShareCommand(ToolContext& ctx, QStringList args) {
                    {"device", ToolContext::jsonString(fanout.devicePath())},
                    {"tcp", ToolContext::jsonString(tcp)}});
     ctx.out.flush();
-    if (readers > 0 && !fanout.waitForReaders(readers, kReaderWaitMs))
+    const auto enoughReaders = [readers](const LineFanout::Status& status) { return status.m_nReaders >= readers; };
+    if (readers > 0 && !fanout.waitForStatus(enoughReaders, kReaderWaitMs))
         return ctx.inputError(QStringLiteral("fewer than %1 readers came").arg(readers));
     SharedLogPlayer(receiverShare, play, [](int ms) {
         std::this_thread::sleep_for(std::chrono::milliseconds(ms));

@@ -93,6 +93,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
 
     m_pPois->start();
     m_pSource->start();
+    if (const QString error = m_pSource->controller().updateSharing(); !error.isEmpty()) ShowNotice(error);
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
     StartAutoStartProgram();
 

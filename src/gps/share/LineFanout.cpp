@@ -136,8 +136,19 @@ bool LineFanout::waitDrained(int timeoutMs) {
     return true;
 }
 
-bool LineFanout::waitForReaders(int count, int timeoutMs) {
-    return waitFor(timeoutMs, [&] { return m_status.m_nReaders >= count; });
+bool LineFanout::waitForStatus(const std::function<bool(const Status&)>& ready, int timeoutMs) {
+    return waitFor(timeoutMs, [&] { return ready(m_status); });
+}
+
+void LineFanout::acceptClients(std::vector<std::unique_ptr<Reader>>& clients, int64_t now) {
+    for (FileDescriptor socket = m_listener.accept(); socket.isOpen(); socket = m_listener.accept()) {
+        ::setsockopt(socket.fd(), SOL_SOCKET, SO_SNDBUF, &kSocketBuffer, sizeof kSocketBuffer);
+        auto client = std::make_unique<Reader>();
+        client->m_nFd = socket.fd();
+        client->m_socket = std::move(socket);
+        client->m_nProgressMs = now;
+        clients.push_back(std::move(client));
+    }
 }
 
 void LineFanout::run() {
@@ -146,6 +157,7 @@ void LineFanout::run() {
     terminal.m_nFd = m_port.fd();
     bool terminalPresent = false;
     int dropped = 0;
+    bool clientsWaiting = false;
     for (;;) {
         QList<QByteArray> lines;
         {
@@ -155,6 +167,16 @@ void LineFanout::run() {
             m_nIncomingBytes = 0;
         }
         const int64_t now = nowMs();
+        // Lines go to the readers that were there when they came; a reader that arrives now
+        // starts with the next line.
+        for (auto& client : clients) {
+            for (const QByteArray& line : lines) client->m_backlog += line;
+        }
+        if (terminalPresent) {
+            for (const QByteArray& line : lines) terminal.m_backlog += line;
+        }
+        if (clientsWaiting) acceptClients(clients, now);
+        clientsWaiting = false;
         const bool present = m_port.isOpen() && m_port.readerPresent();
         if (present && !terminalPresent) {
             m_port.discardQueued();
@@ -167,7 +189,6 @@ void LineFanout::run() {
         for (auto& client : clients) readers.push_back(client.get());
         if (terminalPresent) readers.push_back(&terminal);
         for (Reader* reader : readers) {
-            for (const QByteArray& line : lines) reader->m_backlog += line;
             if (!reader->flush(now) && reader == &terminal) terminal.clear();
             if (reader->waiting() <= kBacklogLimit) continue;
             ++dropped;
@@ -220,16 +241,7 @@ void LineFanout::run() {
             (void)!::read(m_nWakeFd, &count, sizeof count);
         }
         size_t next = 1;
-        if (m_listener.isOpen() && (waits[next++].revents & POLLIN)) {
-            for (FileDescriptor socket = m_listener.accept(); socket.isOpen(); socket = m_listener.accept()) {
-                ::setsockopt(socket.fd(), SOL_SOCKET, SO_SNDBUF, &kSocketBuffer, sizeof kSocketBuffer);
-                auto client = std::make_unique<Reader>();
-                client->m_nFd = socket.fd();
-                client->m_socket = std::move(socket);
-                client->m_nProgressMs = now;
-                clients.push_back(std::move(client));
-            }
-        }
+        if (m_listener.isOpen() && (waits[next++].revents & POLLIN)) clientsWaiting = true;
         // What readers send is not for the receiver: read and dropped, so that they never block.
         for (size_t i = 0; i < clients.size(); ++i) {
             const short events = waits[next++].revents;

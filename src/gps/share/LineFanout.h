@@ -7,8 +7,11 @@
 #include <QList>
 #include <QString>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
+#include <memory>
 #include <thread>
+#include <vector>
 
 // Passes lines on, unchanged and in order, to every reader of the shared pseudo-terminal and of a
 // TCP server of raw NMEA. A thread of its own does all the writing, so publish() never waits on a
@@ -57,12 +60,13 @@ public:
     void waitForRoom();
     // Waits until every line published so far has been taken; false after `timeoutMs`.
     bool waitDrained(int timeoutMs);
-    // Waits until `count` readers are there; false after `timeoutMs`.
-    bool waitForReaders(int count, int timeoutMs);
+    // Waits until the status satisfies `ready`; false after `timeoutMs`.
+    bool waitForStatus(const std::function<bool(const Status&)>& ready, int timeoutMs);
 
 private:
     struct Reader;
     void run();
+    void acceptClients(std::vector<std::unique_ptr<Reader>>& clients, int64_t now);
     template <class Predicate> bool waitFor(int timeoutMs, Predicate&& ready);
 
     SharedPort m_port;

@@ -19,6 +19,9 @@ QString SharedPort::open(const QString& linkPath) {
     if (!QDir().mkpath(link.absolutePath())) return failure(QStringLiteral("cannot create its folder"));
     if (const QString error = m_terminal.open(); !error.isEmpty()) return failure(error);
     ::fcntl(m_terminal.fd(), F_SETFL, ::fcntl(m_terminal.fd(), F_GETFL) | O_NONBLOCK);
+    // The controlling side reports a hang-up only once the device side has been closed: open and
+    // close it once, so that "no reader" reads the same before the first reader as after one.
+    ::close(::open(QFile::encodeName(devicePath()).constData(), O_RDWR | O_NOCTTY));
     // A new link beside the old one, renamed over it: the path never goes missing for a reader.
     const QByteArray target = QFile::encodeName(linkPath);
     const QByteArray temporary = target + ".new";
