@@ -13,6 +13,7 @@
 #include "gps/ui/CModuleDiagram.h"
 #include "gps/ui/CPositionView.h"
 #include "gps/ui/CSatelliteView.h"
+#include "gps/ui/CShareSettingsPage.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "maps/ui/CMapView.h"
@@ -166,6 +167,9 @@ PageFactory CFendixApp::MakePages() {
                 return true;
             },
             {}, parent);
+    });
+    pages.add(PageTable::kShareSettings, [this](QWidget* parent) {
+        return new CShareSettingsPage([this] { return m_pSource->controller().updateSharing(); }, parent);
     });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);
