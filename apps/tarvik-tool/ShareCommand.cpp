@@ -39,7 +39,8 @@ bool readCount(const ToolOptions& options, const char* name, int least, int& val
 } // namespace
 
 int runShareCommand(ToolContext& ctx, QStringList args) {
-    const ToolOptions options(args, {"--pty", "--tcp", "--rate", "--simulate", "--at", "--readers"}, {"--help"});
+    const ToolOptions options(args, {"--pty", "--tcp", "--rate", "--simulate", "--at", "--readers"},
+                              {"--help"});
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (options.positional().size() != 1)
@@ -66,7 +67,8 @@ int runShareCommand(ToolContext& ctx, QStringList args) {
         bool numeric = false;
         share.m_endpoints.m_strTcpHost = text.left(colon);
         share.m_endpoints.m_nTcpPort = text.mid(colon + 1).toInt(&numeric);
-        if (colon <= 0 || !numeric || share.m_endpoints.m_nTcpPort < 0 || share.m_endpoints.m_nTcpPort > 65535)
+        if (colon <= 0 || !numeric || share.m_endpoints.m_nTcpPort < 0 ||
+            share.m_endpoints.m_nTcpPort > 65535)
             return ctx.usageError("--tcp needs HOST:PORT, not '" + text + "'", kUsage);
     }
     if (options.has("--simulate")) {
@@ -90,7 +92,9 @@ int runShareCommand(ToolContext& ctx, QStringList args) {
                    {"device", ToolContext::jsonString(fanout.devicePath())},
                    {"tcp", ToolContext::jsonString(tcp)}});
     ctx.out.flush();
-    const auto enoughReaders = [readers](const LineFanout::Status& status) { return status.m_nReaders >= readers; };
+    const auto enoughReaders = [readers](const LineFanout::Status& status) {
+        return status.m_nReaders >= readers;
+    };
     if (readers > 0 && !fanout.waitForStatus(enoughReaders, kReaderWaitMs))
         return ctx.inputError(QStringLiteral("fewer than %1 readers came").arg(readers));
     SharedLogPlayer(receiverShare, play, [](int ms) {

@@ -14,7 +14,8 @@ int recordSound(ToolContext& ctx, const QString& path, const QString& seconds) {
         return ctx.inputError("--seconds needs a number of seconds up to 3600, not '" + seconds + "'");
     SoundRecorder recorder;
     // The audio backends complain on stderr while they look for a device; the tool says it in one line.
-    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QString error = recorder.startDefaultInput();
     qInstallMessageHandler(previous);
     if (!error.isEmpty()) return ctx.inputError(error);

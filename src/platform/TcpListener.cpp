@@ -17,15 +17,16 @@ QString TcpListener::listen(const QString& host, int port) {
     if (resolved != 0) return QString::fromLocal8Bit(::gai_strerror(resolved));
     int failure = EADDRNOTAVAIL;
     for (const addrinfo* address = addresses; address; address = address->ai_next) {
-        FileDescriptor socket(
-            ::socket(address->ai_family, address->ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, address->ai_protocol));
+        FileDescriptor socket(::socket(
+            address->ai_family, address->ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, address->ai_protocol));
         if (!socket.isOpen()) {
             failure = errno;
             continue;
         }
         const int on = 1;
         ::setsockopt(socket.fd(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-        if (::bind(socket.fd(), address->ai_addr, address->ai_addrlen) != 0 || ::listen(socket.fd(), 16) != 0) {
+        if (::bind(socket.fd(), address->ai_addr, address->ai_addrlen) != 0 ||
+            ::listen(socket.fd(), 16) != 0) {
             failure = errno;
             continue;
         }

@@ -45,7 +45,8 @@ QString WavFile::readInfo(const QString& path, Info& info) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return file.errorString();
     const QByteArray head = file.read(12);
-    if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8, 4) != "WAVE") return QStringLiteral("not a WAV file");
+    if (head.size() < 12 || !head.startsWith("RIFF") || head.mid(8, 4) != "WAVE")
+        return QStringLiteral("not a WAV file");
     bool haveFormat = false;
     int blockAlign = 0;
     for (;;) {

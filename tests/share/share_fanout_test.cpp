@@ -14,7 +14,8 @@
 namespace {
 
 bool readers(ReceiverShare& share, int count) {
-    return share.fanout().waitForStatus([count](const LineFanout::Status& s) { return s.m_nReaders == count; }, 5000);
+    return share.fanout().waitForStatus(
+        [count](const LineFanout::Status& s) { return s.m_nReaders == count; }, 5000);
 }
 
 QByteArray circleLog() {

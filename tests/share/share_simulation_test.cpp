@@ -56,10 +56,29 @@ double degrees(const QByteArray& value, const QByteArray& hemisphere, int degree
 // A receiver standing still at 48.1 N 11.5 E, one GGA, RMC and GSV a second.
 QList<QByteArray> receiverSecond(int second) {
     const int64_t utc = 1779400000 + second;
-    return {NmeaLineBuilder("$GPGGA").utcTime(utc).latitude(48.1).longitude(11.5).text("1").text("08")
-                .text("0.9").text("520.0").text("M").text("47.0").text("M").empty(2).finish(),
-            NmeaLineBuilder("$GPRMC").utcTime(utc).text("A").latitude(48.1).longitude(11.5).text("0.0")
-                .text("0.0").utcDate(utc).empty(2).finish(),
+    return {NmeaLineBuilder("$GPGGA")
+                .utcTime(utc)
+                .latitude(48.1)
+                .longitude(11.5)
+                .text("1")
+                .text("08")
+                .text("0.9")
+                .text("520.0")
+                .text("M")
+                .text("47.0")
+                .text("M")
+                .empty(2)
+                .finish(),
+            NmeaLineBuilder("$GPRMC")
+                .utcTime(utc)
+                .text("A")
+                .latitude(48.1)
+                .longitude(11.5)
+                .text("0.0")
+                .text("0.0")
+                .utcDate(utc)
+                .empty(2)
+                .finish(),
             "$GPGSV,1,1,01,05,40,083,46*4C\r\n"};
 }
 
@@ -68,13 +87,15 @@ TEST(ShareSimulation, DrivesStraightToTheTargetAtTheSetSpeedStopsAndGivesWayAgai
     drive.setSpeedKmh(50);
     const double targetLat = 48.105, targetLon = 11.51; // about 900 m to the north-east
     QList<QByteArray> out;
-    for (const QByteArray& line : receiverSecond(0)) drive.take(line, out);
+    for (const QByteArray& line : receiverSecond(0))
+        drive.take(line, out);
     drive.setTarget(targetLat, targetLon);
     QList<QPair<double, double>> positions; // of the simulated GGA, one a second
     QList<QByteArray> others;
     for (int second = 1; second <= 100; ++second) {
         out.clear();
-        for (const QByteArray& line : receiverSecond(second)) drive.take(line, out);
+        for (const QByteArray& line : receiverSecond(second))
+            drive.take(line, out);
         ASSERT_EQ(out.size(), 3) << second;
         const QList<QByteArray> gga = out[0].split(','), rmc = out[1].split(',');
         ASSERT_TRUE(out[0].startsWith("$GPGGA,") && out[1].startsWith("$GPRMC,"));
@@ -86,18 +107,20 @@ TEST(ShareSimulation, DrivesStraightToTheTargetAtTheSetSpeedStopsAndGivesWayAgai
     EXPECT_NEAR(haversineMetres(positions[0].first, positions[0].second, 48.1, 11.5), 0, 0.5);
     const double metresPerSecond = 50 / 3.6;
     for (int i = 1; i < 30; ++i) {
-        const double step = haversineMetres(positions[i - 1].first, positions[i - 1].second, positions[i].first,
-                                            positions[i].second);
+        const double step = haversineMetres(positions[i - 1].first, positions[i - 1].second,
+                                            positions[i].first, positions[i].second);
         EXPECT_NEAR(step, metresPerSecond, 0.01 * metresPerSecond) << i;
         EXPECT_LT(haversineMetres(positions[i].first, positions[i].second, targetLat, targetLon),
                   haversineMetres(positions[i - 1].first, positions[i - 1].second, targetLat, targetLon));
     }
-    EXPECT_NEAR(haversineMetres(positions.last().first, positions.last().second, targetLat, targetLon), 0, 0.5);
+    EXPECT_NEAR(haversineMetres(positions.last().first, positions.last().second, targetLat, targetLon), 0,
+                0.5);
     EXPECT_EQ(others.last(), "$GPGSV,1,1,01,05,40,083,46*4C\r\n");
 
     drive.end();
     out.clear();
-    for (const QByteArray& line : receiverSecond(101)) drive.take(line, out);
+    for (const QByteArray& line : receiverSecond(101))
+        drive.take(line, out);
     EXPECT_EQ(out, receiverSecond(101));
 }
 

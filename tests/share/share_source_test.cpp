@@ -1,9 +1,9 @@
+#include "../gps/sources_support.h"
 #include "gps/share/ShareSettings.h"
 #include "gps/sources/GpsSourceController.h"
 #include "platform/PseudoTerminal.h"
 #include "settings/CRegistryKey.h"
 #include "share_support.h"
-#include "../gps/sources_support.h"
 #include "support/TestRoot.h"
 
 #include <QCoreApplication>
@@ -25,7 +25,8 @@ TEST(ShareSource, SplitterTextsNeverReachTheReceiverAndSharingFollowsItsSettings
     RecordingTarget target;
     GpsSourceController controller(target, root.root());
     controller.updateSettings(true);
-    for (int i = 0; i < 50 && !controller.writeToPort("$PING\r\n"); ++i) QCoreApplication::processEvents();
+    for (int i = 0; i < 50 && !controller.writeToPort("$PING\r\n"); ++i)
+        QCoreApplication::processEvents();
 
     struct Case {
         QByteArray text;
@@ -46,7 +47,8 @@ TEST(ShareSource, SplitterTextsNeverReachTheReceiverAndSharingFollowsItsSettings
         target.messages.clear();
         EXPECT_TRUE(controller.writeToPort(c.text));
         QByteArray got;
-        for (int n; (n = receiver.read(buffer, sizeof buffer, 100, error)) > 0;) got.append(buffer, n);
+        for (int n; (n = receiver.read(buffer, sizeof buffer, 100, error)) > 0;)
+            got.append(buffer, n);
         EXPECT_EQ(got, c.atReceiver);
         EXPECT_EQ(target.messages, c.message.isEmpty() ? QStringList() : QStringList{c.message});
     }
@@ -61,7 +63,8 @@ TEST(ShareSource, SplitterTextsNeverReachTheReceiverAndSharingFollowsItsSettings
     EXPECT_TRUE(controller.share().running());
     EXPECT_EQ(QFileInfo(root.file("dev/gps0")).symLinkTarget(), controller.share().fanout().devicePath());
     StreamReader client = StreamReader::tcp(controller.share().fanout().tcpPort());
-    ASSERT_TRUE(controller.share().fanout().waitForStatus([](const auto& s) { return s.m_nReaders == 1; }, 5000));
+    ASSERT_TRUE(
+        controller.share().fanout().waitForStatus([](const auto& s) { return s.m_nReaders == 1; }, 5000));
     const QByteArray gga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47\r\n";
     QString writeError;
     receiver.write(gga + "$", writeError);

@@ -73,7 +73,8 @@ TEST(SoundRecord, WritesA16BitMonoWavOfWhatTheInputDelivered) {
         input.open(QIODevice::ReadOnly);
         SoundRecorder recorder;
         int loudest = 0;
-        QObject::connect(&recorder, &SoundRecorder::levelChanged, [&](int level) { loudest = std::max(loudest, level); });
+        QObject::connect(&recorder, &SoundRecorder::levelChanged,
+                         [&](int level) { loudest = std::max(loudest, level); });
         recorder.start(&input, format);
         Q_EMIT input.readyRead();
         recorder.stop();

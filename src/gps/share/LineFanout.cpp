@@ -45,9 +45,10 @@ struct LineFanout::Reader {
     // Writes what the reader takes without waiting; false when the reader is gone.
     bool flush(int64_t now) {
         while (waiting() > 0) {
-            const ssize_t written = m_socket.isOpen()
-                                        ? ::send(m_nFd, m_backlog.constData() + m_nSent, size_t(waiting()), MSG_NOSIGNAL)
-                                        : ::write(m_nFd, m_backlog.constData() + m_nSent, size_t(waiting()));
+            const ssize_t written =
+                m_socket.isOpen()
+                    ? ::send(m_nFd, m_backlog.constData() + m_nSent, size_t(waiting()), MSG_NOSIGNAL)
+                    : ::write(m_nFd, m_backlog.constData() + m_nSent, size_t(waiting()));
             if (written < 0) return errno == EAGAIN || errno == EINTR;
             m_nSent += int(written);
             m_nProgressMs = now;
@@ -63,7 +64,8 @@ QString LineFanout::start(const Endpoints& endpoints) {
         if (const QString error = m_port.open(endpoints.m_strLinkPath); !error.isEmpty()) return error;
     }
     if (!endpoints.m_strTcpHost.isEmpty()) {
-        if (const QString error = m_listener.listen(endpoints.m_strTcpHost, endpoints.m_nTcpPort); !error.isEmpty()) {
+        if (const QString error = m_listener.listen(endpoints.m_strTcpHost, endpoints.m_nTcpPort);
+            !error.isEmpty()) {
             m_port.close();
             return QStringLiteral("Cannot share the receiver on %1:%2: %3")
                 .arg(endpoints.m_strTcpHost)
@@ -121,7 +123,8 @@ template <class Predicate> bool LineFanout::waitFor(int timeoutMs, Predicate&& r
 
 void LineFanout::waitForRoom() {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_bStop || (m_status.m_bRoom && m_nIncomingBytes < kIncomingRoom); });
+    m_changed.wait(lock,
+                   [this] { return m_bStop || (m_status.m_bRoom && m_nIncomingBytes < kIncomingRoom); });
 }
 
 bool LineFanout::waitDrained(int timeoutMs) {
@@ -170,10 +173,12 @@ void LineFanout::run() {
         // Lines go to the readers that were there when they came; a reader that arrives now
         // starts with the next line.
         for (auto& client : clients) {
-            for (const QByteArray& line : lines) client->m_backlog += line;
+            for (const QByteArray& line : lines)
+                client->m_backlog += line;
         }
         if (terminalPresent) {
-            for (const QByteArray& line : lines) terminal.m_backlog += line;
+            for (const QByteArray& line : lines)
+                terminal.m_backlog += line;
         }
         if (clientsWaiting) acceptClients(clients, now);
         clientsWaiting = false;
@@ -186,7 +191,8 @@ void LineFanout::run() {
         terminalPresent = present;
 
         std::vector<Reader*> readers;
-        for (auto& client : clients) readers.push_back(client.get());
+        for (auto& client : clients)
+            readers.push_back(client.get());
         if (terminalPresent) readers.push_back(&terminal);
         for (Reader* reader : readers) {
             if (!reader->flush(now) && reader == &terminal) terminal.clear();
@@ -229,7 +235,8 @@ void LineFanout::run() {
         if (m_listener.isOpen()) waits.push_back({m_listener.fd(), POLLIN, 0});
         for (const auto& client : clients)
             waits.push_back({client->m_nFd, short(POLLIN | (client->waiting() > 0 ? POLLOUT : 0)), 0});
-        if (terminalPresent) waits.push_back({terminal.m_nFd, short(POLLIN | (terminal.waiting() > 0 ? POLLOUT : 0)), 0});
+        if (terminalPresent)
+            waits.push_back({terminal.m_nFd, short(POLLIN | (terminal.waiting() > 0 ? POLLOUT : 0)), 0});
         // Nothing signals a program opening the terminal, nor the system's buffers emptying: look again soon.
         const bool watchTerminal = m_port.isOpen() && !terminalPresent;
         const int timeoutMs = systemBuffersBusy ? 10 : watchTerminal || status.m_nReaders > 0 ? 100 : -1;

@@ -8,8 +8,8 @@
 #include <QString>
 #include <condition_variable>
 #include <functional>
-#include <mutex>
 #include <memory>
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -24,15 +24,15 @@ public:
     static constexpr int kBacklogLimit = 64 * 1024;
 
     struct Endpoints {
-        QString m_strLinkPath; // the terminal's stable path; empty: no terminal
-        QString m_strTcpHost;  // address to listen on ("127.0.0.1", "0.0.0.0"); empty: no server
+        QString m_strLinkPath;  // the terminal's stable path; empty: no terminal
+        QString m_strTcpHost;   // address to listen on ("127.0.0.1", "0.0.0.0"); empty: no server
         int m_nTcpPort = 10110; // 0: any free port
     };
 
     // What the writing thread last saw.
     struct Status {
-        int m_nReaders = 0; // TCP clients, and the terminal while a program holds it open
-        int m_nDropped = 0; // readers cut off for a full backlog
+        int m_nReaders = 0;      // TCP clients, and the terminal while a program holds it open
+        int m_nDropped = 0;      // readers cut off for a full backlog
         int m_nPendingBytes = 0; // lines not yet taken by every reader, the system's buffers included
         bool m_bRoom = true;     // no reader that still takes lines is more than a little behind
     };

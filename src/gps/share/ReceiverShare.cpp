@@ -47,7 +47,8 @@ void ReceiverShare::takeLine(const char* line, int length) {
         const std::lock_guard lock(m_mutex);
         m_drive.take(QByteArray(line, length), lines);
     }
-    for (const QByteArray& shared : lines) m_fanout.publish(shared);
+    for (const QByteArray& shared : lines)
+        m_fanout.publish(shared);
 }
 
 bool ReceiverShare::takeCommand(const QByteArray& text, QString& message) {

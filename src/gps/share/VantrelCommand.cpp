@@ -42,7 +42,8 @@ VantrelCommand invalid(const QString& why, const QByteArray& text) {
 
 VantrelCommand readVantrelCommand(const QByteArray& text) {
     QByteArray line = text;
-    while (line.endsWith('\n') || line.endsWith('\r')) line.chop(1);
+    while (line.endsWith('\n') || line.endsWith('\r'))
+        line.chop(1);
     if (!line.startsWith(kPrefix)) return {};
     if (line.size() > kMaxLength) return invalid(QStringLiteral("Splitter command too long"), line);
     if (!line.startsWith(kSimulate)) return invalid(QStringLiteral("Unknown splitter command"), line);

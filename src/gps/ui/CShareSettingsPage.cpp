@@ -26,8 +26,8 @@ CShareSettingsPage::CShareSettingsPage(std::function<QString()> apply, QWidget* 
     auto* form = new QWidget;
     auto* layout = new QFormLayout(form);
     layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
-    m_pShare = new QCheckBox(QStringLiteral("Empfängerdaten an andere Programme weitergeben"), form);
+    layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
+    m_pShare = new QCheckBox(QStringLiteral("Weitergabe ein"), form);
     m_pPortLink = new QLineEdit(form);
     m_pTcpMode = new QComboBox(form);
     m_pTcpMode->setMinimumHeight(34);
@@ -50,6 +50,7 @@ CShareSettingsPage::CShareSettingsPage(std::function<QString()> apply, QWidget* 
 
     auto* scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(form);
     auto* applyButton = new QPushButton(QStringLiteral("Übernehmen"), this);
     applyButton->setMinimumHeight(48);
@@ -77,7 +78,7 @@ void CShareSettingsPage::Apply() {
     writeSetting(key, ShareSettings::kTcpPort, m_pTcpPort->value());
     writeSetting(key, ShareSettings::kSimulationSpeed, m_pSimulationSpeed->value());
     const QString error = m_apply();
-    m_pStatus->setText(!error.isEmpty()           ? error
+    m_pStatus->setText(!error.isEmpty()        ? error
                        : m_pShare->isChecked() ? QStringLiteral("Die Empfängerdaten werden weitergegeben.")
                                                : QStringLiteral("Die Weitergabe ist aus."));
 }
