@@ -4,6 +4,7 @@
 #include "support/Files.h"
 #include "support/TestData.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -35,18 +36,25 @@ TEST(ShareGpsd, GpsdReadsTheTerminalAsAReceiver) {
     std::atomic<bool> done = false;
     const QByteArray log = readFile(testDataDir() + "/replay/circle-3min.nmea");
     std::thread player([&] {
-        SharedLogPlayer(share, {.m_nRate = 50}, [&](int ms) {
+        SharedLogPlayer(share, {.m_nRate = 40}, [&](int ms) {
             if (!done) std::this_thread::sleep_for(std::chrono::milliseconds(ms));
         }).play(log);
     });
-    QProcess pipe;
-    pipe.start(gpspipe, {"-w", "-n", "12", "127.0.0.1:" + port});
-    pipe.waitForFinished(8000);
+    // gpsd takes a moment before it listens: gpspipe is started again until it connects.
+    QString reports;
+    QElapsedTimer timer;
+    timer.start();
+    while (!reports.contains("TPV") && timer.elapsed() < 9000) {
+        QProcess pipe;
+        pipe.start(gpspipe, {"-w", "-n", "20", "127.0.0.1:" + port});
+        pipe.waitForFinished(int(9000 - timer.elapsed()));
+        reports += QString::fromUtf8(pipe.readAllStandardOutput());
+        if (!reports.contains("TPV")) std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
     done = true;
     player.join();
     daemon.terminate();
     daemon.waitForFinished(3000);
-    const QString reports = QString::fromUtf8(pipe.readAllStandardOutput());
     const QRegularExpression fix(R"re("class":"TPV".*"mode":3.*"lat":48\.1[34]\d*,"lon":11\.59\d*)re");
     EXPECT_TRUE(fix.match(reports).hasMatch()) << reports.toStdString();
 }
