@@ -21,22 +21,26 @@ void appendLe16(QByteArray& out, uint16_t value) {
 
 } // namespace
 
+QByteArray WavFile::mono16(const QByteArray& samples, int rate) {
+    QByteArray wav = "RIFF";
+    appendLe32(wav, uint32_t(36 + samples.size()));
+    wav += "WAVEfmt ";
+    appendLe32(wav, 16);
+    appendLe16(wav, 1); // PCM
+    appendLe16(wav, 1); // mono
+    appendLe32(wav, uint32_t(rate));
+    appendLe32(wav, uint32_t(rate * 2));
+    appendLe16(wav, 2);
+    appendLe16(wav, 16);
+    wav += "data";
+    appendLe32(wav, uint32_t(samples.size()));
+    return wav + samples;
+}
+
 QString WavFile::writeMono16(const QString& path, const QByteArray& samples, int rate) {
-    QByteArray header = "RIFF";
-    appendLe32(header, uint32_t(36 + samples.size()));
-    header += "WAVEfmt ";
-    appendLe32(header, 16);
-    appendLe16(header, 1); // PCM
-    appendLe16(header, 1); // mono
-    appendLe32(header, uint32_t(rate));
-    appendLe32(header, uint32_t(rate * 2));
-    appendLe16(header, 2);
-    appendLe16(header, 16);
-    header += "data";
-    appendLe32(header, uint32_t(samples.size()));
+    const QByteArray wav = mono16(samples, rate);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(header) != header.size() ||
-        file.write(samples) != samples.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(wav) != wav.size() || !file.commit())
         return file.errorString();
     return {};
 }

@@ -13,6 +13,9 @@ struct Info {
     double m_dSeconds = 0;
 };
 
+// A complete file (RIFF, PCM, 16-bit mono at `rate`) around `samples`.
+QByteArray mono16(const QByteArray& samples, int rate);
+
 // Writes `samples` (16-bit little-endian mono at `rate`) as a complete file, through a temporary
 // file renamed over the old one; empty text on success, else the reason.
 QString writeMono16(const QString& path, const QByteArray& samples, int rate);
