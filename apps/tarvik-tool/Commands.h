@@ -16,6 +16,7 @@ int runReplayCommand(ToolContext& ctx, QStringList args);
 int runSoundCommand(ToolContext& ctx, QStringList args);
 int runDemoCommand(ToolContext& ctx, QStringList args);
 int runFakeReceiverCommand(ToolContext& ctx, QStringList args);
+int runShareCommand(ToolContext& ctx, QStringList args);
 int runWatchCommand(ToolContext& ctx, QStringList args);
 int runKalCommand(ToolContext& ctx, QStringList args);
 int runMapCommand(ToolContext& ctx, QStringList args);

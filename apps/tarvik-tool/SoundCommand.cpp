@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "NumberArgs.h"
+#include "SoundFileCommands.h"
 #include "gps/sound/DefaultAlertSounds.h"
 #include "gps/sound/SoundSettings.h"
 #include "gps/sound/SpeedSoundTable.h"
@@ -15,6 +16,8 @@ const char* const kUsage =
     "tarvik-tool sound bands [--dir DIR]\n"
     "       tarvik-tool sound volume --speed KMH [--noise LEVEL] [--base PERCENT] [--mute] [--force]\n"
     "       tarvik-tool sound defaults\n"
+    "       tarvik-tool sound record OUT.wav --seconds S\n"
+    "       tarvik-tool sound wav-info FILE\n"
     "bands lists the speed sounds as CSV \"kmh,file\": the files <n>.wav (n = 0..399) in DIR, else in the\n"
     "folder of the setting \"SpeedWaves\", whatever \"PlaySpeedSound\" says.\n"
     "volume prints {\"applies\", \"percent\", \"wave\", \"label\"}: one volume update with the stored "
@@ -22,7 +25,9 @@ const char* const kUsage =
     "settings at KMH km/h; LEVEL (0..255) is the measured noise, used while \"DynaSound\" is non-zero; the\n"
     "base volume defaults to its start value; --mute switches the sound off; --force as the settings pages "
     "do.\n"
-    "defaults writes the missing default alert files and lists them as CSV \"file,written\".";
+    "defaults writes the missing default alert files and lists them as CSV \"file,written\".\n"
+    "record records S seconds from the default audio input into OUT.wav (16-bit mono).\n"
+    "wav-info prints {\"rate\", \"channels\", \"bits\", \"seconds\"} of a PCM WAV file.";
 
 int listBands(ToolContext& ctx, const ToolOptions& options) {
     CRegistryKey key;
@@ -74,11 +79,18 @@ int installDefaults(ToolContext& ctx) {
 } // namespace
 
 int runSoundCommand(ToolContext& ctx, QStringList args) {
-    const ToolOptions options(args, {"--dir", "--speed", "--noise", "--base"},
+    const ToolOptions options(args, {"--dir", "--speed", "--noise", "--base", "--seconds"},
                               {"--help", "--mute", "--force"});
     if (!options.ok()) return ctx.usageError(options.error(), kUsage);
     if (ToolContext::helpRequested(args)) return ctx.printUsage(kUsage);
     const QString verb = options.positional().value(0);
+    if (verb == QLatin1String("record") || verb == QLatin1String("wav-info")) {
+        if (options.positional().size() != 2)
+            return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 2), kUsage);
+        if (verb == QLatin1String("wav-info")) return printWavInfo(ctx, options.positional().at(1));
+        if (!options.has("--seconds")) return ctx.usageError("record needs --seconds", kUsage);
+        return recordSound(ctx, options.positional().at(1), options.value("--seconds"));
+    }
     if (options.positional().size() > 1)
         return ctx.usageError(ToolContext::argumentCountProblem(options.positional(), 1), kUsage);
     if (verb == QLatin1String("bands")) return listBands(ctx, options);

@@ -46,6 +46,7 @@ const Noun kNouns[] = {
     {"page", "a user page file: its elements as loaded, the page drawn into a PNG file", runPageCommand, "*"},
     {"demo", "generate the demo drive and its sounds, fill a demo device root", runDemoCommand},
     {"fake-receiver", "play a recorded log into a pseudo-terminal", runFakeReceiverCommand},
+    {"share", "share a recorded log as Tarvik shares its receiver: pseudo-terminal and TCP server", runShareCommand},
     {"watch", "run the GPS source, print each sentence with its change code", runWatchCommand},
     {"hotkey", "resolve button presses into hotkey value names, list the assignments", runHotkeyCommand, "*"},
     {"livepos", "the live position upload: the send address, one send, a look-up, an answer line",

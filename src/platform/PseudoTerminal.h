@@ -24,6 +24,7 @@ public:
     // The device disappears, as a pulled receiver does.
     void close();
     bool isOpen() const { return m_master.isOpen(); }
+    int fd() const { return m_master.fd(); }
 
 private:
     FileDescriptor m_master;

@@ -1,5 +1,7 @@
 #include "platform/ToneSynth.h"
 
+#include "platform/WavFile.h"
+
 #include <QtEndian>
 #include <algorithm>
 #include <cmath>
@@ -29,18 +31,6 @@ void appendTone(QByteArray& pcm, const Tone& tone, double peak) {
     }
 }
 
-void appendLe32(QByteArray& out, uint32_t value) {
-    char bytes[4];
-    qToLittleEndian(value, bytes);
-    out.append(bytes, 4);
-}
-
-void appendLe16(QByteArray& out, uint16_t value) {
-    char bytes[2];
-    qToLittleEndian(value, bytes);
-    out.append(bytes, 2);
-}
-
 } // namespace
 
 QByteArray ToneSynth::renderPcm16(const QList<Tone>& tones, uint16_t amplitude) {
@@ -52,21 +42,5 @@ QByteArray ToneSynth::renderPcm16(const QList<Tone>& tones, uint16_t amplitude) 
 }
 
 QByteArray ToneSynth::wavFile(const QByteArray& pcm) {
-    constexpr uint16_t kChannels = 1;
-    constexpr uint16_t kBitsPerSample = 16;
-    constexpr uint16_t kBlockAlign = kChannels * kBitsPerSample / 8;
-    QByteArray wav("RIFF");
-    appendLe32(wav, 36 + uint32_t(pcm.size()));
-    wav.append("WAVEfmt ");
-    appendLe32(wav, 16);
-    appendLe16(wav, 1); // PCM
-    appendLe16(wav, kChannels);
-    appendLe32(wav, kSampleRate);
-    appendLe32(wav, kSampleRate * kBlockAlign);
-    appendLe16(wav, kBlockAlign);
-    appendLe16(wav, kBitsPerSample);
-    wav.append("data");
-    appendLe32(wav, uint32_t(pcm.size()));
-    wav.append(pcm);
-    return wav;
+    return WavFile::mono16(pcm, kSampleRate);
 }

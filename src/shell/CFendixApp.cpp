@@ -13,6 +13,7 @@
 #include "gps/ui/CModuleDiagram.h"
 #include "gps/ui/CPositionView.h"
 #include "gps/ui/CSatelliteView.h"
+#include "gps/ui/CShareSettingsPage.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
 #include "integrations/navbridge/NavigationBridge.h"
@@ -127,6 +128,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
 
     m_pPois->start();
     m_pSource->start();
+    if (const QString error = m_pSource->controller().updateSharing(); !error.isEmpty()) ShowNotice(error);
     m_purgeThread = OldLogPurge::start(m_root, m_clock, m_purgeStop);
     StartAutoStartProgram();
     StartNavigationProgram();
@@ -230,6 +232,9 @@ PageFactory CFendixApp::MakePages() {
         m_mapTrack = page->Track();
         connect(page, &CModuleTrack::trackChanged, this, [this, page] { m_mapTrack = page->Track(); });
         return page;
+    });
+    pages.add(PageTable::kShareSettings, [this](QWidget* parent) {
+        return new CShareSettingsPage([this] { return m_pSource->controller().updateSharing(); }, parent);
     });
     pages.add(PageTable::kSourceSettings, [this](QWidget* parent) {
         return new CSourceSettingsPage([this] { m_pDoc->UpdateSettings(true); }, parent);

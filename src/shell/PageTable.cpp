@@ -34,6 +34,7 @@ const Entry kEntries[kCount] = {
     {kTrack,           "Track",                      nullptr,   Menu::Pages, 7,     nullptr,               18, Kind::Page},
     {kDiagrams,        "Diagramme",                  nullptr,   Menu::MoreViews, 4, nullptr,               19, Kind::Page},
     {kNextPoi,         "Nächste POIs",               nullptr,   Menu::None, 0,      nullptr,               -1, Kind::Page},
+    {kShareSettings,   "Datenweitergabe",            nullptr,   Menu::Settings, 8,  nullptr,               -1, Kind::Page},
 };
 // clang-format on
 

@@ -38,6 +38,7 @@ inline constexpr uint16_t kMap5 = 0x8065;
 inline constexpr uint16_t kTmcSettings = 0x80EE;
 inline constexpr uint16_t kTrack = 0x8118;
 inline constexpr uint16_t kDiagrams = 0x811E;
+inline constexpr uint16_t kShareSettings = 0x8120;
 inline constexpr uint16_t kNextPoi = 0x8012; // the nearest-POI page, reached from the POI page
 
 inline constexpr uint16_t kFirstUserPage = 0x8034; // user page slot i answers to kFirstUserPage + i
@@ -66,7 +67,7 @@ struct Entry {
 };
 
 // In this order: the command bar takes its first buttons from the first seven entries.
-constexpr int kCount = 27;
+constexpr int kCount = 28;
 extern const Entry kEntries[kCount];
 constexpr int kCommandBarPages = 7;
 

@@ -94,8 +94,8 @@ TEST_F(SourcesSerial, ReportsAPortThatCannotBeUsedOnceAndLeavesNoThread) {
 
 } // namespace
 
-// The splitter driver's in-band command goes to the open port of the running source; with no port
-// open (before the start) nothing can be written.
+// A command for the receiver goes to the open port of the running source; with no port open (before
+// the start) nothing can be written.
 TEST_F(SourcesSerial, WritesToTheOpenPort) {
     PseudoTerminal receiver;
     ASSERT_EQ(receiver.open(), QString());
@@ -103,7 +103,7 @@ TEST_F(SourcesSerial, WritesToTheOpenPort) {
     m_key.WriteString("COM1Device", receiver.devicePath());
     RecordingTarget target;
     GpsSourceController controller(target, m_root.root());
-    EXPECT_FALSE(controller.writeToPort("@Vantrel:Simulate="));
+    EXPECT_FALSE(controller.writeToPort("$PSRF100,1,4800,8,1,0*0E\r\n"));
     controller.updateSettings(true);
     QString error;
     int polls = 0;
@@ -111,7 +111,7 @@ TEST_F(SourcesSerial, WritesToTheOpenPort) {
         if (polls++ % 20 == 0) receiver.write(kGga, error);
         return !target.sentences.isEmpty();
     }));
-    const QByteArray text = "@Vantrel:Simulate=4806.00000,N,01130.00000,E";
+    const QByteArray text = "$PSRF100,1,9600,8,1,0*0D\r\n";
     ASSERT_TRUE(controller.writeToPort(text));
     QByteArray received;
     char buffer[128];

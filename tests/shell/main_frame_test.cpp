@@ -67,7 +67,7 @@ TEST_F(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
                           "Einstellungen/Andere Einstellungen|Einstellungen/Meldungen|"
                           "Einstellungen/POI Konfiguration|Einstellungen/Tarvik Livepos|"
                           "Einstellungen/Einstellungen Hotkeys|Einstellungen/Einstellungen TMC|"
-                          "Einstellungen/Einstellungen Datenquelle|-|Beenden"));
+                          "Einstellungen/Einstellungen Datenquelle|Einstellungen/Datenweitergabe|-|Beenden"));
     EXPECT_EQ(frame.PageNames().join('|'),
               QString::fromUtf8("Kartenanzeige|Kartenanzeige2|Kartenanzeige3|Kartenanzeige4|Kartenanzeige5|"
                                 "Fahrtenbuch|Einstellungen Hotkeys|Geschwindigkeitsanzeige|POI Konfiguration|"

@@ -96,7 +96,25 @@ void GpsSourceController::stopSource() {
     m_pReader.reset();
 }
 
+bool GpsSourceController::writeToPort(const QByteArray& bytes) {
+    QString message;
+    if (m_share.takeCommand(bytes, message)) {
+        if (!message.isEmpty()) m_target.ShowSourceMessage(message);
+        return true;
+    }
+    return m_pReader && m_pReader->writeToDevice(bytes);
+}
+
+QString GpsSourceController::updateSharing() {
+    m_share.stop();
+    bool enabled = false;
+    const ReceiverShare::Options options = ReceiverShare::readOptions(m_root, enabled);
+    return enabled ? m_share.start(options) : QString();
+}
+
 void GpsSourceController::handOver(const char* line, int length) {
+    // First to the other programs: they never wait for the pages.
+    m_share.takeLine(line, length);
     QMetaObject::invokeMethod(
         this,
         [this, line, length] {

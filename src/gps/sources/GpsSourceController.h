@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gps/share/ReceiverShare.h"
 #include "gps/sources/FileReadThread.h"
 #include "gps/sources/MNPositionFile.h"
 #include "gps/sources/ReaderThread.h"
@@ -35,9 +36,13 @@ public:
     int sourceIndex() const { return m_nSourceIndex; } // the source that runs, -1 before the first start
     bool navigationSourceInUse() const;
     bool readerRunning() const { return m_pReader && m_pReader->isRunning(); }
-    // Writes to the open serial port of the running source (the splitter driver's in-band commands);
-    // false when no port is open.
-    bool writeToPort(const QByteArray& bytes) { return m_pReader && m_pReader->writeToDevice(bytes); }
+    // Writes to the open serial port of the running source; false when no port is open. The
+    // splitter's in-band texts ("@Vantrel:...") go to the splitter instead and never to the receiver.
+    bool writeToPort(const QByteArray& bytes);
+    // Starts or stops sharing the receiver as its settings say; empty text, else one line for the
+    // user (sharing stays off then).
+    QString updateSharing();
+    ReceiverShare& share() { return m_share; }
 
     // Reads the navigation program's position file once at start, so that a file unchanged since
     // the last run gives no new fix. False when there is no file.
@@ -69,6 +74,7 @@ private:
 
     GpsSourceTarget& m_target;
     DeviceRoot m_root;
+    ReceiverShare m_share; // before the reader: the reader thread hands lines to it
     QTimer m_tickTimer;
     std::unique_ptr<ReaderThread> m_pReader;
     int m_nSourceIndex = -1;
