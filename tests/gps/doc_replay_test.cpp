@@ -1,11 +1,12 @@
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/Golden.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 #include "support/ToolRunner.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <gtest/gtest.h>
@@ -22,21 +23,14 @@ std::pair<QByteArray, QByteArray> replay(const QString& log) {
     const ToolResult result = runTool(QStringList{"--root", root.path(), "replay", log} + kReplayOptions);
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     const QString logFile = QJsonDocument::fromJson(result.out).object().value("log_file").toString();
-    QFile written(logFile);
-    written.open(QIODevice::ReadOnly);
-    QByteArray json = result.out;
-    json.replace(root.path().toUtf8(), "<root>");
-    return {json, written.readAll()};
+    return {QByteArray(result.out).replace(root.path().toUtf8(), "<root>"), readFile(logFile)};
 }
 
 // The GGA and RMC sentences of `log`, as the run must have recorded them with "LogDelay" 0.
 QByteArray ggaAndRmcOf(const QString& log) {
-    QFile file(log);
-    file.open(QIODevice::ReadOnly);
     QByteArray expected;
-    for (const QByteArray& piece : file.readAll().split('$')) {
+    for (const QByteArray& piece : readFile(log).split('$'))
         if (piece.startsWith("GPGGA") || piece.startsWith("GPRMC")) expected += '$' + piece;
-    }
     return expected;
 }
 

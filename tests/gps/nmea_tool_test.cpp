@@ -50,12 +50,9 @@ TEST(NmeaTool, ReadsEveryLogEncodingLikeAnyOther) {
     TestRoot root;
     const QString lf = testDataDir() + "/replay/circle-3min.nmea";
     const QByteArray bytes = readFile(lf);
-    QByteArray utf16("\xFF\xFE");
-    for (const char c : bytes)
-        utf16 += c + QByteArray(1, '\0');
     const std::pair<const char*, QByteArray> variants[] = {
         {"CR only", QByteArray(bytes).replace("\r\n", "\r").replace('\n', '\r')},
-        {"UTF-16 LE", utf16},
+        {"UTF-16 LE", "\xFF\xFE" + utf16Bytes(QString::fromLatin1(bytes))},
         {"UTF-8 with byte order mark", "\xEF\xBB\xBF" + bytes},
     };
     const auto run = [](QStringList args) {

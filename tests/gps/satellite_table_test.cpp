@@ -1,8 +1,8 @@
 #include "gps/SatelliteTable.h"
 #include "gps/SkyReplay.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
@@ -50,21 +50,26 @@ TEST(SatelliteTable, ReadsRealCapturesPerSystem) {
         {"gpsd/ublox-lea-5h.log", false, "GPS 12/8 SBAS 1/0"},
     };
     for (const Case& c : cases) {
-        QFile file(*shared + "/nmea/" + c.log);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << c.log;
+        const QByteArray log = readFile(*shared + "/nmea/" + c.log);
+        ASSERT_FALSE(log.isEmpty()) << c.log;
         SatelliteTable table;
-        replaySky(file.readAll(), c.bAcceptAllTalkers, std::nullopt, table);
+        replaySky(log, c.bAcceptAllTalkers, std::nullopt, table);
         EXPECT_EQ(summary(table), c.expected)
             << c.log << (c.bAcceptAllTalkers ? " with" : " without") << " all talkers";
     }
 }
 
-TEST(SatelliteTable, DropsGroupsThatStopComing) {
+TEST(SatelliteTable, KeepsCompleteGroupsAndDropsThoseThatStopComing) {
     struct Case {
         const char* legend;
         QByteArray log;
         const char* expected;
     } const cases[] = {
+        {"one message", "$GPGSV,1,1,01,07,10,100,30\n", "GPS 1/0"},
+        {"second message missing", "$GPGSV,2,1,05,01,40,083,46,02,17,308,41,12,07,344,39,14,22,228,45\n", ""},
+        {"messages out of order", "$GPGSV,2,2,05,32,88,010,\n$GPGSV,2,1,05,01,40,083,46\n", ""},
+        {"a new group starts over", "$GPGSV,2,1,05,01,40,083,46\n$GPGSV,1,1,01,07,10,100,30\n", "GPS 1/0"},
+        {"message number 0", "$GPGSV,1,0,01,07,10,100,30\n", ""},
         {"GLONASS gone after a round without it",
          "$GPGSV,1,1,01,07,10,100,30\n$GLGSV,1,1,01,70,20,200,30\n$GPGSV,1,1,01,07,10,100,30\n"
          "$GPGSV,1,1,01,07,10,100,30\n",

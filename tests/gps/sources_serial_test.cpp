@@ -13,12 +13,14 @@ const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,4
 
 class SourcesSerial : public ::testing::Test {
 protected:
-    void SetUp() override { ensureApplication(); }
+    void SetUp() override { ensureCoreApplication(); }
     TestRoot m_root;
     CRegistryKey m_key;
 };
 
-TEST_F(SourcesSerial, OpensTheSelectedPortRaw8N1AtTheConfiguredSpeed) {
+// A command for the receiver goes to the open port of the running source, never before the start or
+// after the stop.
+TEST_F(SourcesSerial, OpensTheSelectedPortRaw8N1AtTheConfiguredSpeedAndWritesToIt) {
     struct Case {
         const char* legend;
         const char* source;
@@ -42,6 +44,8 @@ TEST_F(SourcesSerial, OpensTheSelectedPortRaw8N1AtTheConfiguredSpeed) {
         m_key.WriteString(c.deviceValue, receiver.devicePath());
         RecordingTarget target;
         GpsSourceController controller(target, m_root.root());
+        const QByteArray command = "$PSRF100,1,9600,8,1,0*0D\r\n";
+        EXPECT_FALSE(controller.writeToPort(command));
         controller.updateSettings(true);
         QString error;
         int polls = 0;
@@ -58,6 +62,17 @@ TEST_F(SourcesSerial, OpensTheSelectedPortRaw8N1AtTheConfiguredSpeed) {
         EXPECT_EQ(settings.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), tcflag_t(CS8));
         EXPECT_EQ(settings.c_lflag & (ICANON | ECHO), tcflag_t(0));
         EXPECT_EQ(settings.c_iflag & (IXON | IXOFF | ICRNL), tcflag_t(0));
+        ASSERT_TRUE(controller.writeToPort(command));
+        QByteArray received;
+        char buffer[128];
+        while (received.size() < command.size()) {
+            const int n = receiver.read(buffer, sizeof buffer, 1000, error);
+            if (n <= 0) break;
+            received.append(buffer, n);
+        }
+        EXPECT_EQ(received, command);
+        controller.stopSource();
+        EXPECT_FALSE(controller.writeToPort(command));
     }
 }
 
@@ -93,34 +108,3 @@ TEST_F(SourcesSerial, ReportsAPortThatCannotBeUsedOnceAndLeavesNoThread) {
 }
 
 } // namespace
-
-// A command for the receiver goes to the open port of the running source; with no port open (before
-// the start) nothing can be written.
-TEST_F(SourcesSerial, WritesToTheOpenPort) {
-    PseudoTerminal receiver;
-    ASSERT_EQ(receiver.open(), QString());
-    m_key.WriteString("Source", "COM1");
-    m_key.WriteString("COM1Device", receiver.devicePath());
-    RecordingTarget target;
-    GpsSourceController controller(target, m_root.root());
-    EXPECT_FALSE(controller.writeToPort("$PSRF100,1,4800,8,1,0*0E\r\n"));
-    controller.updateSettings(true);
-    QString error;
-    int polls = 0;
-    ASSERT_TRUE(processEventsUntil([&] {
-        if (polls++ % 20 == 0) receiver.write(kGga, error);
-        return !target.sentences.isEmpty();
-    }));
-    const QByteArray text = "$PSRF100,1,9600,8,1,0*0D\r\n";
-    ASSERT_TRUE(controller.writeToPort(text));
-    QByteArray received;
-    char buffer[128];
-    while (received.size() < text.size()) {
-        const int n = receiver.read(buffer, sizeof buffer, 1000, error);
-        if (n <= 0) break;
-        received.append(buffer, n);
-    }
-    EXPECT_EQ(received, text);
-    controller.stopSource();
-    EXPECT_FALSE(controller.writeToPort(text));
-}

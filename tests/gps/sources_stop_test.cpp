@@ -21,7 +21,7 @@ public:
 };
 
 TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
-    ensureApplication();
+    ensureCoreApplication();
     struct Case {
         const char* legend;
         bool deaf;

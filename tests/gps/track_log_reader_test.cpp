@@ -1,6 +1,7 @@
 #include "gps/TrackLogReader.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 
@@ -25,10 +26,7 @@ std::vector<TrackPoint> readBytes(const QByteArray& bytes, bool bDetails, bool b
 
 // The text as a UTF-16 log with its byte order mark, as Windows loggers write it.
 QByteArray utf16(const QByteArray& text, bool bBigEndian) {
-    QByteArray bytes(bBigEndian ? "\xFE\xFF" : "\xFF\xFE");
-    for (const char c : text)
-        bytes += bBigEndian ? QByteArray(1, '\0') + c : c + QByteArray(1, '\0');
-    return bytes;
+    return (bBigEndian ? "\xFE\xFF" : "\xFF\xFE") + utf16Bytes(QString::fromLatin1(text), bBigEndian);
 }
 
 // A device whose reading breaks down after the first block.
@@ -111,21 +109,18 @@ TEST(TrackLogReader, LogsAReadFaultAndKeepsWhatItRead) {
     std::vector<TrackPoint> points;
     EXPECT_TRUE(ReadFromFile(&device, points, GpsFix{}, kClock, false));
     EXPECT_EQ(points.size(), 1u);
-    QFile log(root.file("dev.log"));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(log.readAll().contains("!!!!!!!!!!GetExceptionCode in ReadFromFile:"));
+    EXPECT_TRUE(readFile(root.file("dev.log")).contains("!!!!!!!!!!GetExceptionCode in ReadFromFile:"));
 }
 
 // Positions as GPSBabel reads the same logs (see tests/data/nmea/README.md).
 TEST(TrackLogReader, AgreesWithGpsBabelOnPositions) {
     for (const char* name : {"gga-log.nmea", "rmc-head.nmea"}) {
         QFile log(testDataDir() + "/nmea/" + name);
-        QFile oracle(log.fileName() + ".gpsbabel.csv");
-        ASSERT_TRUE(log.open(QIODevice::ReadOnly) && oracle.open(QIODevice::ReadOnly)) << name;
+        ASSERT_TRUE(log.open(QIODevice::ReadOnly)) << name;
         std::vector<TrackPoint> points;
         ASSERT_TRUE(ReadFromFile(&log, points, GpsFix{}, kClock, true));
         std::map<QString, std::pair<double, double>> expected;
-        for (const QByteArray& row : oracle.readAll().split('\n').mid(1)) {
+        for (const QByteArray& row : readFile(log.fileName() + ".gpsbabel.csv").split('\n').mid(1)) {
             const QList<QByteArray> cells = row.split(',');
             if (cells.size() == 3) expected[cells[0]] = {cells[1].toDouble(), cells[2].toDouble()};
         }

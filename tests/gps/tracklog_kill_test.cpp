@@ -1,10 +1,10 @@
 #include "gps/TrackLogWriter.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/ForkedChild.h"
 #include "support/TestRoot.h"
 
-#include <QFile>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <random>
@@ -48,9 +48,8 @@ QByteArray logAfterKill(const TestRoot& root, const KillCase& c) {
     ::kill(child, SIGKILL);
     int status = 0;
     ::waitpid(child, &status, 0);
-    QFile log(root.file("My Documents/TragLog/2026-05-22_11-58.txt"));
-    if (!WIFSIGNALED(status) || !log.open(QIODevice::ReadOnly)) return {};
-    return log.readAll();
+    return WIFSIGNALED(status) ? readFile(root.file("My Documents/TragLog/2026-05-22_11-58.txt"))
+                               : QByteArray();
 }
 
 TEST(TrackLogKill, KeepsEverySentenceBeforeTheMinuteOfTheKill) {

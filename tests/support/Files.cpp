@@ -17,3 +17,12 @@ QString writeFile(const QString& path, const QByteArray& bytes) {
         ADD_FAILURE() << "cannot write " << path.toStdString();
     return path;
 }
+
+QByteArray utf16Bytes(const QString& text, bool bBigEndian) {
+    QByteArray bytes;
+    for (const QChar c : text) {
+        const char high = char(c.unicode() >> 8), low = char(c.unicode() & 0xFF);
+        bytes.append(bBigEndian ? high : low).append(bBigEndian ? low : high);
+    }
+    return bytes;
+}
