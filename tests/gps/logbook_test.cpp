@@ -2,12 +2,12 @@
 #include "gps/logbook/Logbook.h"
 #include "platform/DeviceClock.h"
 #include "support/Files.h"
+#include "support/GpsBabel.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
 #include "support/ToolRunner.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
@@ -105,35 +105,27 @@ TEST(Logbook, ReadOnlyLogsAreListedButNotWritten) {
 // altitudes it reads from the log itself; GPX also the fix, satellites and HDOP. (GPSBabel reads no
 // speed or course from GPX.)
 TEST(LogExport, ExportsReadBackInGpsBabelAsTheLogItself) {
-    const QString gpsbabel = QStandardPaths::findExecutable(QStringLiteral("gpsbabel"));
     const std::optional<QString> shared = sharedDataDir();
-    if (gpsbabel.isEmpty() || !shared) GTEST_SKIP() << "needs gpsbabel and ../shared/data";
+    if (QStandardPaths::findExecutable(QStringLiteral("gpsbabel")).isEmpty() || !shared)
+        GTEST_SKIP() << "needs gpsbabel and ../shared/data";
     TestRoot root;
-    const auto babel = [&gpsbabel](const QString& format, const QString& file,
-                                   const QList<QByteArray>& columns) {
-        QProcess process;
-        process.start(gpsbabel, {"-t", "-i", format, "-f", file, "-o", "unicsv,utc=0", "-F", "-"});
-        process.waitForFinished(60000);
+    const auto babel = [](const QString& format, const QString& file, const QStringList& columns) {
         QStringList rows;
-        const QList<QByteArray> lines = process.readAllStandardOutput().split('\n');
-        const QList<QByteArray> header = lines.value(0).trimmed().split(',');
-        for (const QByteArray& line : lines.mid(1)) {
-            const QList<QByteArray> fields = line.trimmed().split(',');
-            QByteArray row;
-            for (const QByteArray& column : columns)
-                row += fields.value(header.indexOf(column), "missing") + ';';
-            if (!line.trimmed().isEmpty()) rows << QString::fromUtf8(row);
+        for (const QMap<QString, QString>& row : gpsbabelRows({"-t", "-i", format}, file)) {
+            QStringList cells;
+            for (const QString& column : columns)
+                cells << row.value(column, "missing");
+            rows << cells.join(';');
         }
         return rows;
     };
-    const QList<QByteArray> placed = {"Latitude", "Longitude", "Altitude", "Date", "Time"};
+    const QStringList placed = {"Latitude", "Longitude", "Altitude", "Date", "Time"};
     struct Case {
-        const char* option;
-        const char* format; // GPSBabel's
-        QList<QByteArray> columns;
+        const char *option, *format; // GPSBabel's format
+        QStringList columns;
     } const cases[] = {
         {"--kml", "kml", placed},
-        {"--gpx", "gpx", placed + QList<QByteArray>{"FIX", "Satellites", "HDOP"}},
+        {"--gpx", "gpx", placed + QStringList{"FIX", "Satellites", "HDOP"}},
     };
     // Only logs whose epochs all carry GGA and RMC: where a log starts with an RMC of its own,
     // GPSBabel makes a point of it without altitude, which the export joins to the GGA's epoch.

@@ -1,10 +1,10 @@
 #include "GpsbabelOracle.h"
 #include "nav/gpx/GpxReader.h"
 #include "nav/gpx/GpxWriter.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -36,13 +36,6 @@ GpxDocument sampleTrack() {
     return document;
 }
 
-QString writeTemp(const QTemporaryDir& dir, const char* name, const QByteArray& bytes) {
-    QFile file(dir.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    return file.fileName();
-}
-
 GpxPoints allTrackPoints(const GpxDocument& document) {
     GpxPoints points;
     for (const GpxTrack& t : document.m_tracks)
@@ -56,7 +49,7 @@ GpxPoints allTrackPoints(const GpxDocument& document) {
 TEST(Gpx, GpsbabelReadsWhatIsWritten) {
     QTemporaryDir dir;
     const GpxDocument document = sampleTrack();
-    const QString path = writeTemp(dir, "out.gpx", WriteGpx(document));
+    const QString path = writeFile(dir.filePath("out.gpx"), WriteGpx(document));
     const GpxPoints points = allTrackPoints(document);
     const auto rows = gpsbabelRows({"-t", "-i", "gpx"}, path);
     ASSERT_EQ(rows.size(), points.size());
@@ -78,9 +71,7 @@ TEST(Gpx, GpsbabelReadsWhatIsWritten) {
     EXPECT_EQ(gpsbabelRows({"-r", "-i", "gpx"}, path).size(), 2u);
 
     // GPSBabel passes Garmin's extension through unread; its unit is metres per second.
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains("<gpxtpx:speed>10</gpxtpx:speed>"));
+    EXPECT_TRUE(readFile(path).contains("<gpxtpx:speed>10</gpxtpx:speed>"));
 }
 
 TEST(Gpx, WriteReadRoundTrip) {
@@ -110,10 +101,8 @@ TEST(Gpx, GpsbabelFilesImport) {
         QProcess::execute("gpsbabel", {"-t", "-i", "nmea", "-f", QDir(*shared).filePath(log), "-o",
                                        "gpx,gpxver=1.1", "-F", gpx});
         const auto rows = gpsbabelRows({"-t", "-i", "gpx"}, gpx);
-        QFile file(gpx);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << log;
         QString error;
-        const auto document = ReadGpx(file.readAll(), error);
+        const auto document = ReadGpx(readFile(gpx), error);
         ASSERT_TRUE(document) << log << ": " << error.toStdString();
         const GpxPoints points = allTrackPoints(*document);
         ASSERT_EQ(points.size(), rows.size()) << log;

@@ -136,7 +136,7 @@ TEST(PoiNearest, SortKeyColumnAndDirection) {
                                       hit(7.0, 90, "Bahnhof B"), hit(2.0, 300, "Apotheke")};
     const struct {
         int key;
-        std::vector<const char*> names;
+        std::vector<QByteArray> names;
     } cases[] = {
         {1, {"Kirche", "Apotheke", "Bahnhof A", "Bahnhof B"}},
         {-1, {"Bahnhof B", "Bahnhof A", "Apotheke", "Kirche"}},
@@ -150,11 +150,9 @@ TEST(PoiNearest, SortKeyColumnAndDirection) {
     for (const auto& c : cases) {
         std::vector<PoiHit> sorted = hits;
         SortPoiHits(sorted, c.key);
-        std::vector<const char*> names;
+        std::vector<QByteArray> names;
         for (const PoiHit& h : sorted)
-            names.push_back(h.m_name.constData());
-        ASSERT_EQ(names.size(), c.names.size());
-        for (size_t i = 0; i < names.size(); ++i)
-            EXPECT_STREQ(names[i], c.names[i]) << "key " << c.key << " #" << i;
+            names.push_back(h.m_name);
+        EXPECT_EQ(names, c.names) << "key " << c.key;
     }
 }

@@ -1,6 +1,6 @@
+#include "support/Files.h"
 #include "support/ToolRunner.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -8,16 +8,10 @@
 TEST(PoiTool, ConvertWritesEveryPoint) {
     QTemporaryDir dir;
     // 20 S 60 W is not listed by the program, yet converted; the comment does not move a name here.
-    QFile asc(dir.filePath("a.asc"));
-    ASSERT_TRUE(asc.open(QIODevice::WriteOnly));
-    asc.write(";x\n-60,-20,\"Süd\"\n11.5,48.125,\"M\xFCnchen\"\n");
-    asc.close();
-    const ToolResult convert =
-        runTool({"--root", dir.path(), "poi", "convert", asc.fileName(), dir.filePath("b.csv")});
+    const QString asc = writeFile(dir.filePath("a.asc"), ";x\n-60,-20,\"Süd\"\n11.5,48.125,\"M\xFCnchen\"\n");
+    const ToolResult convert = runTool({"--root", dir.path(), "poi", "convert", asc, dir.filePath("b.csv")});
     EXPECT_EQ(convert.exitCode, 0) << convert.err.toStdString();
     EXPECT_EQ(convert.out, "{\"read\":2,\"written\":2}\n");
-    QFile csv(dir.filePath("b.csv"));
-    ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
-    EXPECT_EQ(csv.readAll(), "lon,lat,name\n-60,-20,S\xC3\xBC"
-                             "d\n11.5,48.125,M\xC3\xBCnchen\n");
+    EXPECT_EQ(readFile(dir.filePath("b.csv")), "lon,lat,name\n-60,-20,S\xC3\xBC"
+                                               "d\n11.5,48.125,M\xC3\xBCnchen\n");
 }

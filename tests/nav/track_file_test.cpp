@@ -1,7 +1,7 @@
 #include "nav/track/TkFile.h"
 #include "nav/track/TrackFiles.h"
+#include "support/Files.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -45,15 +45,13 @@ TEST(TkFile, RunningKmStartsAtZero) {
 
 TEST(TrackFiles, GpxRoutesImportAsTrackAndSavesGoByExtension) {
     QTemporaryDir dir;
-    QFile gpx(dir.filePath("in.GPX"));
-    ASSERT_TRUE(gpx.open(QIODevice::WriteOnly));
-    gpx.write("<gpx><rte><rtept lat=\"3\" lon=\"4\"/></rte><trk><trkseg><trkpt lat=\"1\" lon=\"2\"/></trkseg>"
-              "</trk></gpx>");
-    gpx.close();
+    const QString gpx =
+        writeFile(dir.filePath("in.GPX"), "<gpx><rte><rtept lat=\"3\" lon=\"4\"/></rte><trk><trkseg>"
+                                          "<trkpt lat=\"1\" lon=\"2\"/></trkseg></trk></gpx>");
     const auto noLog = [](QIODevice&, TrackVertices&) { return false; };
     TrackVertices track;
     QString error;
-    ASSERT_TRUE(LoadTrackFile(gpx.fileName(), noLog, track, error)) << error.toStdString();
+    ASSERT_TRUE(LoadTrackFile(gpx, noLog, track, error)) << error.toStdString();
     EXPECT_EQ(track, (TrackVertices{{2, 1}, {4, 3}}));
 
     for (const char* name : {"out.gpx", "out.tk"}) {
