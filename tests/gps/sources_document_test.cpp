@@ -20,7 +20,7 @@ const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,4
 class SourcesDocument : public ::testing::Test {
 protected:
     void SetUp() override {
-        ensureCoreApplication();
+        ensureApplication();
         m_doc.LoadSettings();
         m_source.setMessageHandler([this](const QString& text) { m_messages.append(text); });
         m_source.setSentenceObserver(

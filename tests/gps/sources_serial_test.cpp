@@ -13,7 +13,7 @@ const QByteArray kGga = "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,4
 
 class SourcesSerial : public ::testing::Test {
 protected:
-    void SetUp() override { ensureCoreApplication(); }
+    void SetUp() override { ensureApplication(); }
     TestRoot m_root;
     CRegistryKey m_key;
 };

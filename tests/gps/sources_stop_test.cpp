@@ -21,7 +21,7 @@ public:
 };
 
 TEST(SourcesStop, EndsReadersWithoutDeadlockAndTerminatesDeafOnes) {
-    ensureCoreApplication();
+    ensureApplication();
     struct Case {
         const char* legend;
         bool deaf;

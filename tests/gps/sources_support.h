@@ -2,7 +2,6 @@
 
 #include "gps/sources/GpsSourceTarget.h"
 #include "gps/sources/SentenceReader.h"
-#include "support/CoreApplication.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -54,6 +53,14 @@ public:
     QStringList messages;
     int startedIndex = -1;
 };
+
+// The UI thread's event loop the hand-over needs; made once for the whole test program.
+inline void ensureApplication() {
+    static int argc = 1;
+    static char name[] = "tarvik_gps_tests";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance()) new QCoreApplication(argc, argv);
+}
 
 // Handles events until `done` holds or `timeoutMs` passed; the result of `done`. Only a bound
 // against hanging: nothing is asserted about how long it took.

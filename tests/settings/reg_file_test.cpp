@@ -1,16 +1,9 @@
 #include "settings/CRegistryKey.h"
 #include "settings/RegFile.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <gtest/gtest.h>
-
-namespace {
-
-QByteArray utf16le(const QString& text) {
-    return QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
-}
-
-} // namespace
 
 TEST(RegFile, ExportThenImportIntoAnEmptyHiveGivesTheSameHive) {
     TestRoot source;
@@ -26,7 +19,7 @@ TEST(RegFile, ExportThenImportIntoAnEmptyHiveGivesTheSameHive) {
     CRegistryKey machine("Drivers\\BuiltIn\\Vantrel", RegistryRoot::LocalMachine);
     machine.WriteString("Prefix", "COM");
     const QByteArray exported = RegFile::exportHive(source.hive(), std::nullopt);
-    EXPECT_TRUE(exported.startsWith("\xFF\xFE" + utf16le("Windows Registry Editor Version 5.00\r\n")));
+    EXPECT_TRUE(exported.startsWith("\xFF\xFE" + utf16Bytes("Windows Registry Editor Version 5.00\r\n")));
 
     TestRoot target;
     const RegFile::Parsed parsed = RegFile::parse(exported);
