@@ -1,20 +1,11 @@
 #include "demo/DemoRoute.h"
 #include "maps/MapCalibration.h"
+#include "support/Files.h"
 #include "support/ToolRunner.h"
 
-#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-namespace {
-
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 // The maps the tool draws are the ones the demo ships, the drive runs over their main road, and it
 // leaves the town map on the way, so that the view changes to the overview by itself.
@@ -35,7 +26,8 @@ TEST(DemoMaps, TheDriveRunsAlongTheMapsRoad) {
     for (const auto& m : maps) {
         SCOPED_TRACE(m.name);
         const QString kal = folder.filePath(QString(m.name) + ".kal");
-        EXPECT_EQ(bytesOf(kal), bytesOf(QString(TARVIK_SOURCE_DIR) + "/data/demo/Karten/" + m.name + ".kal"))
+        EXPECT_EQ(readFile(kal),
+                  readFile(QString(TARVIK_SOURCE_DIR) + "/data/demo/Karten/" + m.name + ".kal"))
             << "the shipped calibration";
         MapCalibration map;
         ASSERT_TRUE(map.LoadCalibration(kal));

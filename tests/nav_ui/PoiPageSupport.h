@@ -2,19 +2,15 @@
 
 #include "nav/poi/PoiLoader.h"
 #include "nav/poi/PoiSettings.h"
+#include "support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
 // A POI file in the POI folder of the current device root, switched on or off in the subkey POI.
 inline void addPoiFile(const QString& rootFolder, const QString& name, const QByteArray& bytes,
                        bool enabled) {
-    QDir().mkpath(rootFolder + "/POI");
-    QFile out(rootFolder + "/POI/" + name);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(bytes);
+    writeFile(rootFolder + "/POI/" + name, bytes);
     CRegistryKey(PoiSettings::kFilesKey).WriteFlag(name, enabled);
 }
 

@@ -7,11 +7,11 @@
 #include "nav/waypoints/WaypointList.h"
 #include "platform/SoundOutput.h"
 #include "settings/CRegistryKey.h"
+#include "support/Files.h"
 #include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include <QAction>
-#include <QFile>
 #include <QLineEdit>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
@@ -30,11 +30,6 @@ public:
     std::vector<QList<Tone>> m_played;
     uint16_t m_nAmplitude = 0;
 };
-
-QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 struct GoToPage {
     GoToPage() {
@@ -140,7 +135,7 @@ TEST(GoToView, WaypointCommands) {
     page.run("Waypoint Speichern");
     page.m_target.SetTarget(-70.25, -33.9, "Süd");
     page.run("Waypoint Speichern");
-    EXPECT_EQ(fileBytes(page.m_root.file("Waypoints.asc")),
+    EXPECT_EQ(readFile(page.m_root.file("Waypoints.asc")),
               "11.50000,48.10000,\"Tarvik Pos: 01.05.2024 09:05\"\n-70.25000,-33.90000,\"S\xfc"
               "d\"\n");
 
@@ -157,29 +152,22 @@ TEST(GoToView, WaypointCommands) {
     EXPECT_EQ(page.m_strAsked, "Soll dieser Waypoint wirklich gelöscht werden?");
     EXPECT_EQ(page.m_waypoints.Items().size(), 1u);
 
-    QFile import(page.m_root.file("import.txt"));
-    ASSERT_TRUE(import.open(QIODevice::WriteOnly));
-    import.write("Gipfel N 47\xb0"
-                 "25.123 E 010\xb0"
-                 "59.456\n");
-    import.close();
-    page.m_strChosen = import.fileName();
+    page.m_strChosen = writeFile(page.m_root.file("import.txt"), "Gipfel N 47\xb0"
+                                                                 "25.123 E 010\xb0"
+                                                                 "59.456\n");
     page.run("Import");
     page.run("Import");
     EXPECT_EQ(page.m_waypoints.Items().size(), 2u) << "imported twice, stored once";
-    EXPECT_TRUE(fileBytes(page.m_root.file("Waypoints.asc")).endsWith("10.99093,47.41872,\"Gipfel\"\n"));
+    EXPECT_TRUE(readFile(page.m_root.file("Waypoints.asc")).endsWith("10.99093,47.41872,\"Gipfel\"\n"));
 }
 
 TEST(ModuleTrack, OpensListsEditsAndSaves) {
     ensureApplication();
     TestRoot root;
     CGoToTarget target;
-    QFile tk(root.file("a.tk"));
-    ASSERT_TRUE(tk.open(QIODevice::WriteOnly));
-    tk.write("48.1234567,11.5000000,\n49.1234567,11.5000000,\n");
-    tk.close();
     CRegistryKey key;
-    writeSetting(key, TrackSettings::kTrack, tk.fileName());
+    writeSetting(key, TrackSettings::kTrack,
+                 writeFile(root.file("a.tk"), "48.1234567,11.5000000,\n49.1234567,11.5000000,\n"));
     QString chosen = root.file("b.tk.gpx");
     CModuleTrack page(
         target, [](QIODevice&, TrackVertices&) { return false; },
@@ -202,7 +190,7 @@ TEST(ModuleTrack, OpensListsEditsAndSaves) {
     EXPECT_EQ(readSetting(key, TrackSettings::kTrack), chosen);
     chosen = root.file("c");
     page.SaveAs();
-    EXPECT_EQ(fileBytes(root.file("c.tk")), "50.0000000,12.0000000,\n49.1234567,11.5000000,\n");
+    EXPECT_EQ(readFile(root.file("c.tk")), "50.0000000,12.0000000,\n49.1234567,11.5000000,\n");
     page.DeleteAll();
     EXPECT_EQ(page.List()->topLevelItemCount(), 0);
 }

@@ -76,9 +76,8 @@ TEST_F(NextPoiView, ListsSortsAndAsksBeforeReadingNames) {
     view.show(); // the list is made when the page is shown
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     const Page page = partsOf(view);
-    EXPECT_EQ(page.header->model()->headerData(0, Qt::Horizontal).toString(), "km");
-    EXPECT_EQ(page.header->model()->headerData(1, Qt::Horizontal).toString(), " ");
-    EXPECT_EQ(page.header->model()->headerData(2, Qt::Horizontal).toString(), "Name");
+    for (const auto& [section, title] : {std::pair(0, "km"), std::pair(1, " "), std::pair(2, "Name")})
+        EXPECT_EQ(page.header->model()->headerData(section, Qt::Horizontal).toString(), title);
     EXPECT_EQ(column(*page.table, 0), (QStringList{"1.11", "2.22", "3.33", "4.44", "5.56"}));
     EXPECT_EQ(column(*page.table, 1)[0], QString::fromUtf8("↑ 0°"));
     EXPECT_EQ(column(*page.table, 2), (QStringList{"", "", "", "", ""})) << "names not read yet";

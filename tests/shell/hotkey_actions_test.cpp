@@ -21,6 +21,7 @@ namespace {
 // The runner over a real frame, document and sound controller in a fresh root; notices and
 // navigation actions are kept in the order they came.
 struct Runner {
+    const bool bApplication = (ensureApplication(), true); // before the frame
     TestRoot root;
     FixedDeviceClock clock{1715679067};
     CFendixDoc doc{root.root(), clock};
@@ -38,7 +39,6 @@ struct Runner {
 } // namespace
 
 TEST(HotkeyActions, SelectPagesByNameAndInTurn) {
-    ensureApplication();
     const struct {
         const char* legend;
         const char* shown;
@@ -65,7 +65,6 @@ TEST(HotkeyActions, SelectPagesByNameAndInTurn) {
 }
 
 TEST(HotkeyActions, ChangeVolumeAndSoundWithTheirNotices) {
-    ensureApplication();
     Runner runner;
     runner.sounds.loadSettings();
     runner.sounds.setBaseVolume(50);
@@ -89,7 +88,6 @@ TEST(HotkeyActions, ChangeVolumeAndSoundWithTheirNotices) {
 }
 
 TEST(HotkeyActions, WriteScreenshotsWithoutOverwriting) {
-    ensureApplication();
     Runner runner;
     CRegistryKey().WriteString("ScreenshotDir", "/Bilder/");
     writeFile(runner.root.file("Bilder/GScreen_1.bmp"), "earlier");
@@ -103,7 +101,6 @@ TEST(HotkeyActions, WriteScreenshotsWithoutOverwriting) {
 }
 
 TEST(HotkeyActions, ResetTheDocumentsFiguresAndStoreThePosition) {
-    ensureApplication();
     Runner runner;
     CRegistryKey key;
     key.WriteDouble("Tour", 12.5);
@@ -131,7 +128,6 @@ TEST(HotkeyActions, ResetTheDocumentsFiguresAndStoreThePosition) {
 }
 
 TEST(HotkeyActions, NavigationActionsGoToTheBridgeAndAreLogged) {
-    ensureApplication();
     Runner runner;
     CRegistryKey().WriteString("Develop", runner.root.file("dev.log"));
     QStringList handed;
@@ -147,7 +143,6 @@ TEST(HotkeyActions, NavigationActionsGoToTheBridgeAndAreLogged) {
 // The window's keys F1..F5: a chord is performed the moment its second key goes down, and a key
 // whose button has no short-press action stays with the window.
 TEST(HotkeyInput, WindowKeysMakeChordsAndKeepUnassignedKeys) {
-    ensureApplication();
     Runner runner;
     CRegistryKey key;
     key.WriteString("Taste 1", "<Position>");

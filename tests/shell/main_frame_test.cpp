@@ -78,32 +78,29 @@ TEST_F(MainFrame, MenuAndChoiceListShowThePagesInTheirOrder) {
     EXPECT_FALSE(PageTable::choiceList(false).contains("Diagramme"));
 }
 
+// Switching writes "CurrentView" and the title; a command or an empty user page slot is no page.
 TEST_F(MainFrame, SelectsPagesByName) {
     writeUserPage(m_root, "a.ini", "Meine Seite");
     const struct {
-        const char* name;
+        const char *name, *shown;
         uint16_t command;
     } cases[] = {
-        {"Kartenanzeige3", 0x8063},      {"Höhenansicht", 0x801A},
-        {"Meine Seite", 0x8034},         // the first user page slot
-        {"Verschwundene Seite", 0x8007}, // unknown: the data source page
-        {"Info über Tarvik", 0x8007},    // a command, not a page
+        {"Kartenanzeige3", "Kartenanzeige3", 0x8063},
+        {"Höhenansicht", "Höhenansicht", 0x801A},
+        {"Meine Seite", "Meine Seite", 0x8034},                       // the first user page slot
+        {"Verschwundene Seite", "Einstellungen Datenquelle", 0x8007}, // unknown: the data source page
+        {"Info über Tarvik", "Einstellungen Datenquelle", 0x8007},    // a command, not a page
     };
     CMainFrame frame{PageFactory()};
     for (const auto& c : cases) {
         frame.SelectPageByName(QString::fromUtf8(c.name));
         EXPECT_EQ(frame.CurrentCommand(), c.command) << c.name;
+        EXPECT_EQ(currentView(), QString::fromUtf8(c.shown)) << c.name;
+        EXPECT_EQ(frame.windowTitle(), "Tarvik " + QString::fromUtf8(c.shown)) << c.name;
     }
-}
-
-TEST_F(MainFrame, SwitchingWritesCurrentViewAndTitle) {
-    CMainFrame frame{PageFactory()};
-    ASSERT_TRUE(frame.SelectPage(0x8056));
-    EXPECT_EQ(currentView(), "Satelliten");
-    EXPECT_EQ(frame.windowTitle(), "Tarvik Satelliten");
-    EXPECT_FALSE(frame.SelectPage(PageTable::kStorePosition)); // a command has no page
-    EXPECT_EQ(frame.CurrentCommand(), 0x8056);
-    EXPECT_FALSE(frame.SelectPage(0x8035)); // an empty user page slot is ignored
+    EXPECT_FALSE(frame.SelectPage(PageTable::kStorePosition));
+    EXPECT_FALSE(frame.SelectPage(0x8035));
+    EXPECT_EQ(frame.CurrentCommand(), 0x8007);
 }
 
 TEST_F(MainFrame, CommandBarFollowsThePageShown) {

@@ -16,6 +16,7 @@
 #include "shell/TouchStyle.h"
 #include "shell/ui/CPageView.h"
 #include "shell/ui/FittedLabel.h"
+#include "support/Files.h"
 #include "support/TestApplication.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -23,8 +24,6 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
-#include <QFile>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
@@ -120,9 +119,8 @@ int colourCount(const QImage& image) {
 TEST(Pages, DrawAndTheirTextsFitAtBothSizes) {
     const std::optional<QString> shared = sharedDataDir();
     if (!shared) GTEST_SKIP() << "../shared/data is not there";
-    QFile capture(*shared + "/nmea/gpsd/neo-m8n.log");
-    ASSERT_TRUE(capture.open(QIODevice::ReadOnly));
-    const QByteArray sentences = capture.readAll();
+    const QByteArray sentences = readFile(*shared + "/nmea/gpsd/neo-m8n.log");
+    ASSERT_FALSE(sentences.isEmpty());
 
     ensureApplication();
     qApp->setStyleSheet(QString::fromLatin1(TouchStyle::kStyleSheet));
@@ -130,11 +128,7 @@ TEST(Pages, DrawAndTheirTextsFitAtBothSizes) {
     CRegistryKey key;
     writeSetting(key, SourceSettings::kAcceptAllTalkers, true);
     const QString logs = root.root().hostPath(readSetting(key, RecordingSettings::kLogDirectory));
-    ASSERT_TRUE(QDir().mkpath(logs));
-    QFile log(logs + "/2024-05-01_10-00.txt");
-    ASSERT_TRUE(log.open(QIODevice::WriteOnly));
-    log.write("$Tarvik," + QByteArray(256, ' ') + "\r\n" + sentences);
-    log.close();
+    writeFile(logs + "/2024-05-01_10-00.txt", "$Tarvik," + QByteArray(256, ' ') + "\r\n" + sentences);
 
     FixedDeviceClock clock(1714557600, 7200);
     CFendixDoc doc(root.root(), clock);
