@@ -132,8 +132,7 @@ TEST(DemoRoot, RefusesIncompleteOrEscapingData) {
 
 TEST(DemoSpeedSounds, OneBeepMoreForEachHigherBand) {
     const struct {
-        int speed;
-        int beeps;
+        int speed, beeps;
     } cases[] = {{30, 1}, {50, 2}, {80, 3}, {100, 4}, {40, 0} /* no such band: no file */};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.speed);

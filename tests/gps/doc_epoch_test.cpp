@@ -64,8 +64,7 @@ Script play(const QString& script, int32_t nAutoReconnect) {
 
 TEST(DocEpoch, HandlesEpochsAndAlerts) {
     struct Case {
-        const char* legend;
-        const char* script;
+        const char *legend, *script;
         int32_t nAutoReconnect;
         const char* expected;
         int64_t nEpochs;

@@ -12,8 +12,7 @@ const int64_t kNowUtc = 1795305630; // 2026-11-22 00:00:30 UTC
 // The examples every port of the interpreter must reproduce exactly.
 TEST(NmeaInterpreter, ReproducesTheReferenceExamples) {
     struct Case {
-        const char* legend;
-        const char* line;
+        const char *legend, *line;
         uint16_t nCode;
         double dLat, dLong;
         int nValid, nSatellites;
@@ -53,8 +52,7 @@ TEST(NmeaInterpreter, ReproducesTheReferenceExamples) {
 TEST(NmeaInterpreter, SetsTheDeviceClockOnceFromASerialFix) {
     const char* const gga = "$GPGGA,235959,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,";
     struct Case {
-        const char* legend;
-        const char* line;
+        const char *legend, *line;
         uint8_t nSource;
         int nRequests;
     } const cases[] = {

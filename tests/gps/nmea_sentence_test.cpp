@@ -42,8 +42,7 @@ TEST(NmeaSplitter, AcceptsByTheChecksumRule) {
 // Expected values are the checksums the sentences were published with (NMEA examples).
 TEST(NmeaChecksum, IsTheXorBetweenTheDollarAndTheStar) {
     const struct {
-        const char* legend;
-        const char* sentence;
+        const char *legend, *sentence;
         unsigned checksum;
     } cases[] = {
         {"whole line with its checksum",

@@ -62,8 +62,7 @@ TEST(SourcesAssembly, CutsAndDropsAsThePortReaderDoes) {
 
 TEST(SourcesAssembly, RewritesOnlyFixSentencesOfOtherTalkers) {
     struct Case {
-        const char* legend;
-        const char* line;
+        const char *legend, *line;
         bool changed;
         const char* expected;
     } cases[] = {

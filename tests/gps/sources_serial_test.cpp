@@ -22,8 +22,7 @@ protected:
 // after the stop.
 TEST_F(SourcesSerial, OpensTheSelectedPortRaw8N1AtTheConfiguredSpeedAndWritesToIt) {
     struct Case {
-        const char* legend;
-        const char* source;
+        const char *legend, *source;
         const char* deviceValue; // which port's device setting points at the pseudo-terminal
         const char* speed;       // nullptr: "Speed" missing
         speed_t expectedSpeed;

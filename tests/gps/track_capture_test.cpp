@@ -27,8 +27,7 @@ int gpsbabelPoints(const QString& log) {
 }
 
 struct Difference {
-    int nTarvik;
-    int nGpsbabel;
+    int nTarvik, nGpsbabel;
     const char* reason;
 };
 

@@ -16,8 +16,7 @@ constexpr int64_t kJan31At0000 = 1769817600; // 2026-01-31 00:00 UTC
 TEST(TrackLogPurge, DeletesOnlyOldLogFiles) {
     constexpr int64_t kJan1At0000 = kJan31At0000 - 30 * 86400;
     struct Case {
-        const char* legend;
-        const char* name;
+        const char *legend, *name;
         int32_t nDelFilesOlder; // days
         int64_t nNowAfterJan1;  // seconds
         bool bKept;

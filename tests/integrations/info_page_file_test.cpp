@@ -9,8 +9,7 @@ namespace {
 TEST(InfoPageRect, ResolvesRelativePositions) {
     struct Case {
         const char* legend;
-        Rect pos;
-        Rect expected;
+        Rect pos, expected;
     } cases[] = {
         {"negative left: from the right edge, right 0 is the edge", {-100, 10, 0, 40}, {140, 10, 240, 40}},
         {"left and top not negative: right 0 stays 0", {10, 10, 0, 40}, {10, 10, 0, 40}},
@@ -105,12 +104,9 @@ TEST(InfoPageFile, FindsTheElementListAndTheBackground) {
     TestRoot root;
     writeFile(root.path() + "/Tarvik/tile.png", "not looked at here");
     struct Case {
-        const char* legend;
-        const char* bytes;
-        const char* listSection;
+        const char *legend, *bytes, *listSection;
         QStringList names;
-        bool imageFound;
-        bool colour;
+        bool imageFound, colour;
     } cases[] = {
         {"no list section: the ten overlay sections that exist",
          "[MN_Info_0]\nType=0\n[MN_Info_3]\nType=0\n[MN_Info_10]\nType=0\n",

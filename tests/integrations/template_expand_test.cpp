@@ -61,8 +61,7 @@ protected:
 
 TEST_F(TemplateExpand, FillsEveryVariable) {
     struct Case {
-        const char* text;
-        const char* expected;
+        const char *text, *expected;
     } cases[] = {
         {"%Speed% km/h", "100 km/h"},
         {"%Speed*1.609%", "161"},
@@ -102,9 +101,7 @@ TEST_F(TemplateExpand, FillsEveryVariable) {
 
 TEST_F(TemplateExpand, WalksTheTextAsDesigned) {
     struct Case {
-        const char* legend;
-        const char* text;
-        const char* expected;
+        const char *legend, *text, *expected;
     } cases[] = {
         {"a percent at the end stays", "100%", "100%"},
         {"an unknown name stays as it is", "%Foo% 50 % %Speed%", "%Foo% 50 % 100"},

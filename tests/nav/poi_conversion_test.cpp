@@ -168,8 +168,7 @@ TEST(PoiConversion, GpsbabelReadsTheWrittenFiles) {
     QTemporaryDir dir;
     const struct {
         PoiFormat format;
-        const char* babelFormat;
-        const char* file;
+        const char *babelFormat, *file;
         int headerLines;
     } cases[] = {{PoiFormat::Ov2, "tomtom", "p.ov2", 0},
                  {PoiFormat::Asc, "tomtom_asc", "p.asc", 4},

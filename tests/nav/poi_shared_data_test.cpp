@@ -15,8 +15,7 @@ TEST(PoiSharedData, ReadsThePointsGpsbabelReads) {
     if (!shared) GTEST_SKIP() << "../shared/data is absent";
     if (QStandardPaths::findExecutable("gpsbabel").isEmpty()) GTEST_SKIP() << "gpsbabel is not installed";
     const struct {
-        const char* file;
-        const char* format;
+        const char *file, *format;
         bool names; // the .asc names keep their quotes here, and the first one points into the header
     } cases[] = {
         {"ov2/gpsbabel-tomtom.ov2", "tomtom", true},

@@ -83,8 +83,7 @@ TEST_F(NextPoiView, ListsSortsAndAsksBeforeReadingNames) {
     EXPECT_EQ(column(*page.table, 2), (QStringList{"", "", "", "", ""})) << "names not read yet";
 
     const struct {
-        int section;
-        int key;
+        int section, key;
         QStringList km;
     } clicks[] = {
         {0, -1, {"5.56", "4.44", "3.33", "2.22", "1.11"}}, // the same column again: the other way round

@@ -110,9 +110,7 @@ TEST_F(PrivateLogind, BacklightStepsWithinTheLimits) {
     writeFile(m_dir.filePath("panel/brightness"), "100\n");
     Backlight backlight(client(), m_dir.path());
     const struct {
-        int step;
-        int minPercent;
-        int maxPercent;
+        int step, minPercent, maxPercent;
         const char* call; // what logind was asked; the stand-in writes it to the file
     } cases[] = {
         {10, 10, 100, "SetBrightness backlight panel 120"},

@@ -5,8 +5,7 @@
 TEST(DeviceRoot, MapsSystemPathsIntoTheRoot) {
     const DeviceRoot root("/srv/device");
     const struct {
-        const char* system;
-        const char* host;
+        const char *system, *host;
     } cases[] = {
         {"/My Documents/TragLog", "/srv/device/My Documents/TragLog"},
         {"\\windows\\Infend.wav", "/srv/device/windows/Infend.wav"},

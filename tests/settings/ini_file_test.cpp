@@ -21,9 +21,7 @@ TEST(IniFile, ReaderRules) {
         "; c = 3\nflagT = TRUE\nflag2 = 2\nflagU = untrue\nd = 48,13548\n[Other]\nx = 9\n";
     CIniFile ini = iniOf(text);
     const struct {
-        const char* legend;
-        const char* section;
-        const char* key;
+        const char *legend, *section, *key;
         bool found;
         const char* value;
     } cases[] = {

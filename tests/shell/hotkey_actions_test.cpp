@@ -40,10 +40,7 @@ struct Runner {
 
 TEST(HotkeyActions, SelectPagesByNameAndInTurn) {
     const struct {
-        const char* legend;
-        const char* shown;
-        const char* action;
-        const char* expected;
+        const char *legend, *shown, *action, *expected;
     } cases[] = {
         {"a page by its name", "Geschwindigkeitsanzeige", "<Satelliten>", "Satelliten"},
         {"the next page of the choice list", "Satelliten", "<Ansichten wechseln>", "Position"},

@@ -32,8 +32,7 @@ TEST(SpeedView, ShowsTheDocumentState) {
         const char* legend;
         uint8_t valid;
         float speed;
-        uint8_t satellites;
-        uint8_t source;
+        uint8_t satellites, source;
         int64_t localTime;
         const char* expected; // texts shown, among others, separated by "|"
     } cases[] = {
