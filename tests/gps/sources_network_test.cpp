@@ -1,9 +1,9 @@
 #include "gps/sources/NetworkReadThread.h"
 #include "gps/sources/StopEvent.h"
 #include "sources_support.h"
+#include "support/Files.h"
 #include "support/TestData.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 #include <arpa/inet.h>
@@ -90,14 +90,12 @@ TEST(SourcesNetwork, TakesRawNmeaFromARealGpsd) {
     const QString gpsfake = QStandardPaths::findExecutable("gpsfake");
     if (gpsfake.isEmpty()) GTEST_SKIP() << "gpsfake (Debian package gpsd-clients) is not installed";
     const QString log = testDataDir() + "/sources/gpsd-feed.nmea";
-    QFile feed(log);
-    ASSERT_TRUE(feed.open(QIODevice::ReadOnly));
-    QList<QByteArray> logLines;
-    while (!feed.atEnd())
-        logLines.append(feed.readLine());
-    QList<QByteArray> gpLines;
-    for (const QByteArray& line : logLines)
-        if (line.startsWith("$GP")) gpLines.append(line);
+    QList<QByteArray> logLines, gpLines;
+    for (const QByteArray& line : readFile(log).split('\n'))
+        if (!line.isEmpty()) logLines.append(line + '\n');
+    std::copy_if(logLines.begin(), logLines.end(), std::back_inserter(gpLines),
+                 [](const QByteArray& line) { return line.startsWith("$GP"); });
+    ASSERT_FALSE(gpLines.isEmpty());
 
     const int port = LoopbackListener().port();
     QProcess daemon;

@@ -1,9 +1,9 @@
 #include "settings/CRegistryKey.h"
 #include "settings/DevLog.h"
+#include "support/Files.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
@@ -17,9 +17,7 @@ TEST(DevLog, WritesOnlyWhileDevelopNamesAFile) {
     devLog();
     key.DeleteValue("Develop");
     devLog("not written either");
-    QFile log(root.file("My Documents/dev.txt"));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(log.readAll());
+    const QString text = QString::fromUtf8(readFile(root.file("My Documents/dev.txt")));
     EXPECT_TRUE(QRegularExpression("^-?\\d+ ver: 0\\.1\\n-?\\d+ util line 137\\n$").match(text).hasMatch())
         << text.toStdString();
 }
