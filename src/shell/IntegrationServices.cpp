@@ -59,13 +59,15 @@ QString IntegrationServices::Expand(const QString& text) const {
     return ExpandTemplate(text, sources);
 }
 
-void IntegrationServices::AddPages(PageFactory& pages, std::function<void()> showGoTo) {
-    pages.add(PageTable::kLivepos, [this, showGoTo](QWidget* parent) {
+void IntegrationServices::AddPages(PageFactory& pages, std::function<void()> showGoTo,
+                                   HandToNavigation handToNavigation) {
+    pages.add(PageTable::kLivepos, [this, showGoTo, handToNavigation](QWidget* parent) {
         CModuleLivepos::Actions actions;
         actions.setGoToTarget = [this, showGoTo](double lon, double lat, const QString& name) {
             showGoTo();
             m_target.SetTarget(lon, lat, name);
         };
+        actions.handToNavigation = handToNavigation;
         actions.openBrowser = [](const QString& url) {
             QDesktopServices::openUrl(QUrl(url, QUrl::TolerantMode));
         };

@@ -26,8 +26,10 @@ public:
                         QObject* parent = nullptr);
     ~IntegrationServices() override;
 
+    // Hands a destination (degrees, longitude first) to the navigation program.
+    using HandToNavigation = std::function<void(double lon, double lat, const QString& name)>;
     // `showGoTo` switches the frame to the GoTo page.
-    void AddPages(PageFactory& pages, std::function<void()> showGoTo);
+    void AddPages(PageFactory& pages, std::function<void()> showGoTo, HandToNavigation handToNavigation);
     void Start();
     void OnUpdate(uint16_t hint);
     void Stop();
