@@ -412,7 +412,9 @@ void CFendixApp::StartAutoStartProgram() {
 }
 
 void CFendixApp::StartNavigationProgram() {
-    m_pActions->SetNavigationHandler([this](const QString& action) { m_pBridge->PerformAction(action); });
+    m_pActions->SetNavigationHandler([this](const QString& action) {
+        if (!m_pServices->PerformAction(action)) m_pBridge->PerformAction(action);
+    });
     CRegistryKey key;
     QString error;
     if (readSetting(key, ShellSettings::kAutoStartMN) && !m_pBridge->BringToFront(error))

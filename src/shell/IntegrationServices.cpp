@@ -89,6 +89,13 @@ void IntegrationServices::OnUpdate(uint16_t hint) {
     if (hint & GpsChange::kPosition) m_pLivepos->SendTick();
 }
 
+bool IntegrationServices::PerformAction(const QString& action) {
+    // No navigation program here has a tuner: the station search goes to Tarvik's own receiver.
+    if (action != QLatin1String("<MN TMC Sendersuchlauf>")) return false;
+    if (m_pTmc) m_pTmc->SearchStation();
+    return true;
+}
+
 void IntegrationServices::Stop() {
     m_pLivepos->Stop();
     m_pTmc.reset();

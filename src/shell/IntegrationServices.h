@@ -32,6 +32,8 @@ public:
     void AddPages(PageFactory& pages, std::function<void()> showGoTo, HandToNavigation handToNavigation);
     void Start();
     void OnUpdate(uint16_t hint);
+    // The hotkey actions these services take ("<MN TMC Sendersuchlauf>"); false for the others.
+    bool PerformAction(const QString& action);
     void Stop();
     const TmcStatus& Tmc() const { return m_tmcStatus; }
 
