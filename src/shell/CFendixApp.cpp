@@ -387,7 +387,7 @@ std::optional<double> CFendixApp::TargetDistance() const {
 }
 
 CModuleAlerts::Actions CFendixApp::AlertActions() {
-    return {[this] { m_pSounds->loadAlertSounds(); },
+    return {[this] { m_pSounds->loadAlertSounds(); }, [this] { m_pSounds->loadSpeedSounds(); },
             [this](const QString& file) { m_pSoundOutput->playFile(file); },
             [this] { return m_pSounds->isSoundOn(); },
             [this](bool bOn) {
