@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -43,15 +44,17 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
         r.pFile = new QLineEdit(readSetting(key, kAlerts[alert].file), content);
         auto* choose = new QPushButton(QStringLiteral("..."), content);
         choose->setToolTip(QStringLiteral("WAV-Datei wählen"));
-        choose->setMinimumWidth(44);
+        choose->setFixedWidth(48); // beside the file name, which needs the room
         auto* test = new QPushButton(QStringLiteral("Test"), content);
         auto* record = new QPushButton(QStringLiteral("Aufnahme"), content);
         // Three rows, each as wide as the page: a handheld has no room for a path beside a switch.
-        grid->addWidget(r.pOn, row++, 0, 1, 3);
-        grid->addWidget(r.pFile, row++, 0, 1, 3);
-        grid->addWidget(choose, row, 0);
-        grid->addWidget(test, row, 1);
-        grid->addWidget(record, row++, 2);
+        auto* fileRow = new QHBoxLayout;
+        fileRow->addWidget(r.pFile, 1);
+        fileRow->addWidget(choose);
+        grid->addWidget(r.pOn, row++, 0, 1, 2);
+        grid->addLayout(fileRow, row++, 0, 1, 2);
+        grid->addWidget(test, row, 0);
+        grid->addWidget(record, row++, 1);
         connect(record, &QPushButton::clicked, this, [this, alert] { RecordSound(alert); });
         connect(r.pOn, &QCheckBox::toggled, this, &CModuleAlerts::Store);
         connect(r.pFile, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
@@ -65,9 +68,9 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
     m_pSpeedSounds->setChecked(readSetting(key, SoundSettings::kPlaySpeedSound));
     m_pSpeedFolder = new QLineEdit(readSetting(key, SoundSettings::kSpeedWaves), content);
     auto* recordSpeed = new QPushButton(QStringLiteral("Sound aufnehmen"), content);
-    grid->addWidget(m_pSpeedSounds, row++, 0, 1, 3);
-    grid->addWidget(m_pSpeedFolder, row++, 0, 1, 3);
-    grid->addWidget(recordSpeed, row++, 0, 1, 3);
+    grid->addWidget(m_pSpeedSounds, row++, 0, 1, 2);
+    grid->addWidget(m_pSpeedFolder, row++, 0, 1, 2);
+    grid->addWidget(recordSpeed, row++, 0, 1, 2);
     connect(m_pSpeedSounds, &QCheckBox::toggled, this, &CModuleAlerts::Store);
     connect(m_pSpeedFolder, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
     connect(recordSpeed, &QPushButton::clicked, this, [this] { RecordSound(-1); });
@@ -76,10 +79,10 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
     connect(m_pSoundOn, &QCheckBox::toggled, this, [this](bool bOn) {
         if (m_actions.setSoundOn) m_actions.setSoundOn(bOn);
     });
-    grid->addWidget(m_pSoundOn, row++, 0, 1, 3);
+    grid->addWidget(m_pSoundOn, row++, 0, 1, 2);
     grid->setRowStretch(row, 1);
-    for (int column = 0; column < 3; ++column)
-        grid->setColumnStretch(column, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
     setScrollingContent(this, content);
 }
 
