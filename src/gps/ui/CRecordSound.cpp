@@ -24,7 +24,8 @@ CRecordSound::CRecordSound(const QString& hostPath, Services services, QWidget* 
     if (!bInput) {
         m_pStatus->setText(QStringLiteral("Kein Audio-Eingang vorhanden: Aufnehmen ist nicht möglich."));
         grid->addWidget(m_pStatus, 0, 0);
-        grid->addWidget(close, 1, 0);
+        grid->setRowStretch(1, 1); // texts at the top, the button at the bottom
+        grid->addWidget(close, 2, 0);
         return;
     }
     m_pRecorder = new SoundRecorder(this);
@@ -46,6 +47,7 @@ CRecordSound::CRecordSound(const QString& hostPath, Services services, QWidget* 
     m_pLevel->setTextVisible(false);
     grid->addWidget(m_pLevel, row++, 0, 1, 2);
     grid->addWidget(m_pStatus, row++, 0, 1, 2);
+    grid->setRowStretch(row++, 1);
     m_pRecord = new QPushButton(QStringLiteral("Aufnahme"), this);
     m_pStop = new QPushButton(QStringLiteral("Stop"), this);
     m_pPlay = new QPushButton(QStringLiteral("Abspielen"), this);
