@@ -21,9 +21,9 @@
 #include "integrations/navbridge/QuickStartTargets.h"
 #include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
+#include "integrations/ui/CModuleCustom.h"
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
-#include "integrations/ui/CModuleCustom.h"
 #include "maps/shapes/ShapeLayers.h"
 #include "maps/ui/CMapView.h"
 #include "maps/ui/overlays/MapOverlays.h"
@@ -40,8 +40,8 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
-#include "platform/EvdevKeys.h"
 #include "platform/BatteryStatus.h"
+#include "platform/EvdevKeys.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/Backlight.h"
@@ -217,12 +217,7 @@ PageFactory CFendixApp::MakePages() {
         services.pSound = m_pSoundOutput.get();
         services.showMap = [this] { m_pFrame->SelectPage(PageTable::kMap); };
         services.setNavigationTarget = [this](double lon, double lat, const QString& name) {
-            const HandOverResult result = m_pBridge->NavigateTo(lon, lat, name);
-            if (result.bOk) return;
-            auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("Last Error"), result.error,
-                                        QMessageBox::Ok, m_pFrame.get());
-            box->setAttribute(Qt::WA_DeleteOnClose);
-            box->open();
+            HandToNavigation(lon, lat, name);
         };
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
@@ -291,7 +286,9 @@ PageFactory CFendixApp::MakePages() {
         connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
         return page;
     });
-    m_pServices->AddPages(pages, [this] { m_pFrame->SelectPage(PageTable::kGoTo); });
+    m_pServices->AddPages(
+        pages, [this] { m_pFrame->SelectPage(PageTable::kGoTo); },
+        [this](double lon, double lat, const QString& name) { HandToNavigation(lon, lat, name); });
     pages.add(PageTable::kAltitude, [this](QWidget* parent) { return new CAltitudeView(*m_pDoc, parent); });
     pages.add(PageTable::kSatellites,
               [this](QWidget* parent) { return new CSatelliteView(*m_pDoc, parent); });
@@ -368,6 +365,15 @@ void CFendixApp::SendSimulationTarget() {
     m_pSource->controller().writeToPort(text);
 }
 
+void CFendixApp::HandToNavigation(double lon, double lat, const QString& name) {
+    const HandOverResult result = m_pBridge->NavigateTo(lon, lat, name);
+    if (result.bOk) return;
+    auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("Last Error"), result.error,
+                                QMessageBox::Ok, m_pFrame.get());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
 QDateTime CFendixApp::LocalNow() const {
     // Local seconds, read as UTC so that no second time zone shift applies.
     return QDateTime::fromSecsSinceEpoch(m_clock.localNow(), Qt::UTC);
@@ -381,7 +387,7 @@ std::optional<double> CFendixApp::TargetDistance() const {
 }
 
 CModuleAlerts::Actions CFendixApp::AlertActions() {
-    return {[this] { m_pSounds->loadAlertSounds(); },
+    return {[this] { m_pSounds->loadAlertSounds(); }, [this] { m_pSounds->loadSpeedSounds(); },
             [this](const QString& file) { m_pSoundOutput->playFile(file); },
             [this] { return m_pSounds->isSoundOn(); },
             [this](bool bOn) {
@@ -406,7 +412,9 @@ void CFendixApp::StartAutoStartProgram() {
 }
 
 void CFendixApp::StartNavigationProgram() {
-    m_pActions->SetNavigationHandler([this](const QString& action) { m_pBridge->PerformAction(action); });
+    m_pActions->SetNavigationHandler([this](const QString& action) {
+        if (!m_pServices->PerformAction(action)) m_pBridge->PerformAction(action);
+    });
     CRegistryKey key;
     QString error;
     if (readSetting(key, ShellSettings::kAutoStartMN) && !m_pBridge->BringToFront(error))

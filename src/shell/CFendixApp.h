@@ -79,6 +79,8 @@ private:
     LogPositionReader LogReader();
     // The shapefile layers of "\Tarvik.gsh", opened once; skipped layers are told in a notice.
     std::shared_ptr<ShapeLayers> Shapes();
+    // A destination (degrees, longitude first) to the navigation program; its error in a box.
+    void HandToNavigation(double lon, double lat, const QString& name);
     QDateTime LocalNow() const;
     void ApplyLowPriority(bool bActive);
     void Shutdown();

@@ -59,13 +59,15 @@ QString IntegrationServices::Expand(const QString& text) const {
     return ExpandTemplate(text, sources);
 }
 
-void IntegrationServices::AddPages(PageFactory& pages, std::function<void()> showGoTo) {
-    pages.add(PageTable::kLivepos, [this, showGoTo](QWidget* parent) {
+void IntegrationServices::AddPages(PageFactory& pages, std::function<void()> showGoTo,
+                                   HandToNavigation handToNavigation) {
+    pages.add(PageTable::kLivepos, [this, showGoTo, handToNavigation](QWidget* parent) {
         CModuleLivepos::Actions actions;
         actions.setGoToTarget = [this, showGoTo](double lon, double lat, const QString& name) {
             showGoTo();
             m_target.SetTarget(lon, lat, name);
         };
+        actions.handToNavigation = handToNavigation;
         actions.openBrowser = [](const QString& url) {
             QDesktopServices::openUrl(QUrl(url, QUrl::TolerantMode));
         };
@@ -85,6 +87,13 @@ void IntegrationServices::Start() {
 
 void IntegrationServices::OnUpdate(uint16_t hint) {
     if (hint & GpsChange::kPosition) m_pLivepos->SendTick();
+}
+
+bool IntegrationServices::PerformAction(const QString& action) {
+    // No navigation program here has a tuner: the station search goes to Tarvik's own receiver.
+    if (action != QLatin1String("<MN TMC Sendersuchlauf>")) return false;
+    if (m_pTmc) m_pTmc->SearchStation();
+    return true;
 }
 
 void IntegrationServices::Stop() {

@@ -26,10 +26,14 @@ public:
                         QObject* parent = nullptr);
     ~IntegrationServices() override;
 
+    // Hands a destination (degrees, longitude first) to the navigation program.
+    using HandToNavigation = std::function<void(double lon, double lat, const QString& name)>;
     // `showGoTo` switches the frame to the GoTo page.
-    void AddPages(PageFactory& pages, std::function<void()> showGoTo);
+    void AddPages(PageFactory& pages, std::function<void()> showGoTo, HandToNavigation handToNavigation);
     void Start();
     void OnUpdate(uint16_t hint);
+    // The hotkey actions these services take ("<MN TMC Sendersuchlauf>"); false for the others.
+    bool PerformAction(const QString& action);
     void Stop();
     const TmcStatus& Tmc() const { return m_tmcStatus; }
 

@@ -161,3 +161,30 @@ TEST(TmcReceiver, StatusFillsTheTemplateValuesAndTheInfoFile) {
     const QString expected = QString("station=NDR 2\nnsat=7\nntmcm=%1\n").arg(rig.status.nMessageCount);
     EXPECT_EQ(QString::fromUtf8(readFile(rig.root.file("Export/GPSTMCInfo.txt"))), expected);
 }
+
+TEST(TmcReceiver, StationSearchAsksTheTunerForATmcStation) {
+    struct Case {
+        const char* legend;
+        uint8_t mode;
+        bool bHardwareReady;
+        QStringList expected;
+    };
+    const Case cases[] = {
+        {"no tuner control", 1, true, {"GpsTmc_ControlTuner(64 0)"}},
+        {"GNS station control", 2, true, {"GpsTmc_ControlTuner(64 0)"}},
+        {"automatic station with TMC", 4, true, {"GpsTmc_ControlTuner(64 0)"}},
+        {"manual tuning keeps the user's station", 5, true, {}},
+        {"no hardware yet", 2, false, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.legend);
+        Rig rig(2, c.mode);
+        ASSERT_TRUE(rig.Load());
+        if (c.bHardwareReady) {
+            ASSERT_TRUE(rig.StartAndWait());
+        }
+        rig.calls.clear();
+        rig.receiver->SearchStation();
+        EXPECT_EQ(rig.calls, c.expected);
+    }
+}

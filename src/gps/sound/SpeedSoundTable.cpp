@@ -22,7 +22,11 @@ void SpeedSoundTable::scan(const QString& directory, const DeviceRoot& root) {
 }
 
 QString SpeedSoundTable::fileOf(int speedKmh) const {
-    return m_strDirectory + QString::asprintf("/%d.wav", speedKmh);
+    return bandFile(m_strDirectory, speedKmh);
+}
+
+QString SpeedSoundTable::bandFile(const QString& hostDirectory, int speedKmh) {
+    return hostDirectory + QString::asprintf("/%d.wav", speedKmh);
 }
 
 QString SpeedSoundTable::nextSound(int speedKmh) {

@@ -25,6 +25,7 @@ public:
 
     const QList<int>& speeds() const { return m_speeds; } // km/h, ascending
     QString fileOf(int speedKmh) const;                   // host path of a band's file
+    static QString bandFile(const QString& hostDirectory, int speedKmh);
 
 private:
     QString m_strDirectory; // host path

@@ -1,6 +1,7 @@
 #include "gps/ui/CModuleAlerts.h"
 
 #include "gps/sound/SoundSettings.h"
+#include "gps/ui/CRecordSound.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
 #include "shell/ui/ScrollingContent.h"
@@ -9,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -42,13 +44,18 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
         r.pFile = new QLineEdit(readSetting(key, kAlerts[alert].file), content);
         auto* choose = new QPushButton(QStringLiteral("..."), content);
         choose->setToolTip(QStringLiteral("WAV-Datei wählen"));
-        choose->setMinimumWidth(44);
+        choose->setFixedWidth(48); // beside the file name, which needs the room
         auto* test = new QPushButton(QStringLiteral("Test"), content);
+        auto* record = new QPushButton(QStringLiteral("Aufnahme"), content);
         // Three rows, each as wide as the page: a handheld has no room for a path beside a switch.
+        auto* fileRow = new QHBoxLayout;
+        fileRow->addWidget(r.pFile, 1);
+        fileRow->addWidget(choose);
         grid->addWidget(r.pOn, row++, 0, 1, 2);
-        grid->addWidget(r.pFile, row++, 0, 1, 2);
-        grid->addWidget(choose, row, 0);
-        grid->addWidget(test, row++, 1);
+        grid->addLayout(fileRow, row++, 0, 1, 2);
+        grid->addWidget(test, row, 0);
+        grid->addWidget(record, row++, 1);
+        connect(record, &QPushButton::clicked, this, [this, alert] { RecordSound(alert); });
         connect(r.pOn, &QCheckBox::toggled, this, &CModuleAlerts::Store);
         connect(r.pFile, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
         connect(choose, &QPushButton::clicked, this, [this, alert] { Choose(alert); });
@@ -57,6 +64,16 @@ CModuleAlerts::CModuleAlerts(Actions actions, QWidget* parent)
                 m_actions.playFile(DeviceRoot::current().hostPath(m_rows[alert].pFile->text()));
         });
     }
+    m_pSpeedSounds = new QCheckBox(QStringLiteral("Geschwindigkeits-Sounds"), content);
+    m_pSpeedSounds->setChecked(readSetting(key, SoundSettings::kPlaySpeedSound));
+    m_pSpeedFolder = new QLineEdit(readSetting(key, SoundSettings::kSpeedWaves), content);
+    auto* recordSpeed = new QPushButton(QStringLiteral("Sound aufnehmen"), content);
+    grid->addWidget(m_pSpeedSounds, row++, 0, 1, 2);
+    grid->addWidget(m_pSpeedFolder, row++, 0, 1, 2);
+    grid->addWidget(recordSpeed, row++, 0, 1, 2);
+    connect(m_pSpeedSounds, &QCheckBox::toggled, this, &CModuleAlerts::Store);
+    connect(m_pSpeedFolder, &QLineEdit::editingFinished, this, &CModuleAlerts::Store);
+    connect(recordSpeed, &QPushButton::clicked, this, [this] { RecordSound(-1); });
     m_pSoundOn = new QCheckBox(QStringLiteral("Sound an/aus"), content);
     m_pSoundOn->setChecked(!m_actions.isSoundOn || m_actions.isSoundOn());
     connect(m_pSoundOn, &QCheckBox::toggled, this, [this](bool bOn) {
@@ -75,7 +92,23 @@ void CModuleAlerts::Store() {
         writeSetting(key, kAlerts[alert].flag, m_rows[alert].pOn->isChecked());
         writeSetting(key, kAlerts[alert].file, m_rows[alert].pFile->text());
     }
+    writeSetting(key, SoundSettings::kPlaySpeedSound, m_pSpeedSounds->isChecked());
+    writeSetting(key, SoundSettings::kSpeedWaves, m_pSpeedFolder->text());
     if (m_actions.alertsChanged) m_actions.alertsChanged();
+    if (m_actions.speedSoundsChanged) m_actions.speedSoundsChanged();
+}
+
+void CModuleAlerts::RecordSound(int alert) {
+    Store(); // the dialog saves under the names shown
+    const QString file = alert < 0 ? QString() : DeviceRoot::current().hostPath(m_rows[alert].pFile->text());
+    auto* dialog = new CRecordSound(file, {{}, {}, m_actions.playFile}, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &CRecordSound::saved, this, [this, alert] {
+        // A sound just recorded for an alert is meant to be heard.
+        if (alert >= 0) m_rows[alert].pOn->setChecked(true);
+        Store();
+    });
+    dialog->open();
 }
 
 void CModuleAlerts::Choose(int alert) {

@@ -145,6 +145,13 @@ void CTmcReceiver::SendTunerCommand() {
     if (command) m_library.ControlTuner(command->first, command->second);
 }
 
+void CTmcReceiver::SearchStation() {
+    if (!m_bHardwareReady || m_nMode == TmcModes::kOff || m_nMode == TmcModes::kManual) return;
+    devLog("TMC Sendersuchlauf");
+    const auto& search = *TmcModes::kModes[TmcModes::kAutomaticWithTmc].tunerCommand;
+    m_library.ControlTuner(search.first, search.second);
+}
+
 void CTmcReceiver::OnTimer(int nTimer) {
     if (nTimer == TmcTimers::kRetry) {
         m_timers.Stop(TmcTimers::kRetry);

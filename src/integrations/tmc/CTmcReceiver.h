@@ -44,6 +44,9 @@ public:
     // Starts the library on the GPS port unless the mode is "TMC Off" or no library is loaded.
     void Start();
     void OnTimer(int nTimer);
+    // The automatic station search ("<MN TMC Sendersuchlauf>"): the tuner looks for a station with
+    // TMC once the hardware is ready; nothing while TMC is off or the user tunes by hand.
+    void SearchStation();
 
     int InitResult() const { return m_nInitResult; }
     int AlternatePort() const { return m_nAlternatePort; }

@@ -7,6 +7,8 @@
 namespace TmcModes {
 inline constexpr int kOff = 0;
 inline constexpr int kNoControl = 1;
+inline constexpr int kAutomaticWithTmc = 4;
+inline constexpr int kManual = 5;
 inline constexpr int kCount = 6;
 
 struct Mode {

@@ -31,6 +31,14 @@ QLineEdit* lineEdit(const QString& text, QWidget* parent) {
     return edit;
 }
 
+// Texts that may be longer than a small screen is wide wrap at spaces and never widen the page.
+QLabel* wrappedLabel(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    return label;
+}
+
 } // namespace
 
 CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget* parent)
@@ -62,18 +70,19 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
     m_pSendUrl = lineEdit(readSetting(key, LiveposSettings::kUrlSendPos), content);
     m_pSendUrl->setCursorPosition(0);
     form->addRow(QStringLiteral("Sendeadresse"), m_pSendUrl);
-    form->addRow(new QLabel(
+    form->addRow(wrappedLabel(
         QStringLiteral("Standard: dieser Rechner (%1)").arg(LiveposSettings::kServiceHost), content));
-    m_pTraccar = new QCheckBox(
-        QStringLiteral("Traccar-Server ") + readSetting(key, LiveposSettings::kTraccarServer), content);
-    m_pTraccar->setChecked(m_pSendUrl->text() ==
-                           LiveposUrl::TraccarTemplate(readSetting(key, LiveposSettings::kTraccarServer)));
+    // The server's address under the switch: a check box does not wrap, and an address can be long.
+    const QString traccarServer = readSetting(key, LiveposSettings::kTraccarServer);
+    m_pTraccar = new QCheckBox(QStringLiteral("Traccar-Server"), content);
+    m_pTraccar->setChecked(m_pSendUrl->text() == LiveposUrl::TraccarTemplate(traccarServer));
     connect(m_pTraccar, &QCheckBox::toggled, this, &CModuleLivepos::UseTraccar);
     form->addRow(m_pTraccar);
+    form->addRow(wrappedLabel(traccarServer, content));
     m_pQueue = new QCheckBox(QStringLiteral("Offline-Puffer"), content);
     m_pQueue->setChecked(readSetting(key, LiveposSettings::kQueue));
     form->addRow(m_pQueue);
-    m_pStatus = new QLabel(content);
+    m_pStatus = wrappedLabel(QString(), content);
     form->addRow(m_pStatus);
 
     m_pSearchNickName = lineEdit(readSetting(key, LiveposSettings::kSearchNickName), content);
@@ -83,8 +92,7 @@ CModuleLivepos::CModuleLivepos(CLiveposSender& sender, Actions actions, QWidget*
     form->addRow(QStringLiteral("Passwort"), m_pSearchPassword);
     m_pGetPos = new QPushButton(QStringLiteral("Position holen"), content);
     connect(m_pGetPos, &QPushButton::clicked, this, &CModuleLivepos::GetPos);
-    m_pResult = new QLabel(content);
-    m_pResult->setWordWrap(true);
+    m_pResult = wrappedLabel(QString(), content);
     form->addRow(m_pGetPos, m_pResult);
     m_pToGoTo = new QPushButton(QStringLiteral("Übernehme Position in GoTo Seite"), content);
     m_pToNavigation = new QPushButton(QStringLiteral("An Navigationsprogramm"), content);

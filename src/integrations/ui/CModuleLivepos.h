@@ -23,7 +23,7 @@ public:
     struct Actions {
         // Switches to the GoTo page with the position as target (degrees) and the text as name.
         std::function<void(double lon, double lat, const QString& name)> setGoToTarget;
-        // Hands the position to the navigation program; empty while no bridge is there.
+        // Hands the position to the navigation program; empty: the button stays off.
         std::function<void(double lon, double lat, const QString& name)> handToNavigation;
         std::function<void(const QString& url)> openBrowser;
     };
