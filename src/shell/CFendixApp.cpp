@@ -16,14 +16,15 @@
 #include "gps/ui/CShareSettingsPage.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "integrations/navbridge/NavInfoFile.h"
 #include "integrations/navbridge/NavigationBridge.h"
 #include "integrations/navbridge/PostNaviStart.h"
 #include "integrations/navbridge/QuickStartTargets.h"
 #include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
+#include "integrations/ui/CModuleCustom.h"
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
-#include "integrations/ui/CModuleCustom.h"
 #include "maps/shapes/ShapeLayers.h"
 #include "maps/ui/CMapView.h"
 #include "maps/ui/overlays/MapOverlays.h"
@@ -40,8 +41,8 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
-#include "platform/EvdevKeys.h"
 #include "platform/BatteryStatus.h"
+#include "platform/EvdevKeys.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/Backlight.h"
@@ -426,6 +427,11 @@ void CFendixApp::StartNavigationProgram() {
         sources.tLocalNow = m_clock.localNow();
         return ExpandTemplate(text, sources);
     };
+    overlay.infoFile = [this] {
+        const QString folder = m_pBridge->ProgramPath(true);
+        return std::make_pair(NavInfoFile::find(m_root, folder), NavInfoFile::listSection(m_pBridge->Kind()));
+    };
+    overlay.onAction = [this](const QString& action) { m_pActions->Perform(action); };
     m_pOverlay = std::make_unique<CNavOverlay>(overlay);
 
     const QString program = readSetting(key, ShellSettings::kAutoStart);

@@ -90,6 +90,11 @@ bool InfoPageFile::HasState(const QString& name, int state) const {
     return Read(Header(QStringLiteral("%1_%2").arg(name).arg(state)), "Type", type);
 }
 
+uint8_t InfoPageFile::NextState(const QString& name, uint8_t state) const {
+    const int nNext = state + 1;
+    return nNext < 256 && HasState(name, nNext) ? static_cast<uint8_t>(nNext) : 0;
+}
+
 std::optional<InfoElementSpec> InfoPageFile::ReadElement(const QString& name, int state) const {
     for (const QString& section : {QStringLiteral("%1_%2").arg(name).arg(state), name + "_0", name}) {
         const int header = Header(section);

@@ -36,6 +36,10 @@ public:
     std::optional<InfoElementSpec> ReadElement(const QString& name, int state) const;
     // Whether "<name>_<state>" has a "Type": a state the element can switch to.
     bool HasState(const QString& name, int state) const;
+    // The state a switch element ("Type" 2) goes to when tapped: the next one that has a section of
+    // its own, after the last one the first.
+    uint8_t NextState(const QString& name, uint8_t state) const;
+    bool HasSection(const QString& section) const { return Header(section) >= 0; }
 
 private:
     // The header line of a section, -1 when there is none.
