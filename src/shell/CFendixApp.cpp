@@ -192,6 +192,7 @@ PageFactory CFendixApp::MakePages() {
         pages.add(uint16_t(PageTable::kMap + instance), [this, instance](QWidget* parent) {
             auto* view = new CMapView(*m_pDoc, instance, parent);
             view->SetGoToTarget(m_pTarget.get());
+            view->SetNavLastClick([this] { return m_pBridge->LastClick(); });
             MapOverlaySources sources;
             sources.pShapes = Shapes();
             sources.track = [this]() -> const TrackVertices& { return m_mapTrack; };
@@ -225,6 +226,8 @@ PageFactory CFendixApp::MakePages() {
             box->setAttribute(Qt::WA_DeleteOnClose);
             box->open();
         };
+        services.navMapCentre = [this] { return m_pBridge->MapCentre(); };
+        services.navLastClick = [this] { return m_pBridge->LastClick(); };
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
     pages.add(PageTable::kTrack, [this](QWidget* parent) {
@@ -288,7 +291,8 @@ PageFactory CFendixApp::MakePages() {
             if (!m_pTarget->GetTarget(lon, lat)) return std::nullopt;
             return GeoPosition{lat, lon};
         };
-        auto* page = new CNextPoiView(*m_pPois, gpsPosition, target, parent);
+        auto* page = new CNextPoiView(*m_pPois, gpsPosition, target, parent,
+                                      [this] { return m_pBridge->MapCentre(); });
         connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
         return page;
     });

@@ -10,7 +10,8 @@ std::optional<GeoPosition> known(double lat, double lon) {
 std::optional<GeoPosition> NavMapPositions::mapCentre(const MNPosition& p) {
     if (!known(p.m_dLatTopLeft, p.m_dLonTopLeft) || !known(p.m_dLatBottomRight, p.m_dLonBottomRight))
         return std::nullopt;
-    return GeoPosition{(p.m_dLatTopLeft + p.m_dLatBottomRight) / 2, (p.m_dLonTopLeft + p.m_dLonBottomRight) / 2};
+    return GeoPosition{(p.m_dLatTopLeft + p.m_dLatBottomRight) / 2,
+                       (p.m_dLonTopLeft + p.m_dLonBottomRight) / 2};
 }
 
 std::optional<GeoPosition> NavMapPositions::lastClick(const MNPosition& p) {

@@ -29,7 +29,8 @@ bool NavitClient::Zoom(int factor) const {
 
 std::optional<GeoPosition> NavitClient::MapCentre() const {
     QDBusMessage reply;
-    if (!Call("get_attr", {QStringLiteral("center")}, &reply) || reply.arguments().size() < 2) return std::nullopt;
+    if (!Call("get_attr", {QStringLiteral("center")}, &reply) || reply.arguments().size() < 2)
+        return std::nullopt;
     // ("center", variant of (projection, x, y))
     const QVariant value = reply.arguments().at(1).value<QDBusVariant>().variant();
     if (!value.canConvert<QDBusArgument>()) return std::nullopt;
@@ -40,7 +41,8 @@ std::optional<GeoPosition> NavitClient::MapCentre() const {
     argument >> projection >> x >> y;
     argument.endStructure();
     if (projection != kProjectionMg) return std::nullopt;
-    return GeoPosition{std::atan(std::exp(y / kMgRadius)) * 360.0 / M_PI - 90.0, x / kMgRadius * 180.0 / M_PI};
+    return GeoPosition{std::atan(std::exp(y / kMgRadius)) * 360.0 / M_PI - 90.0,
+                       x / kMgRadius * 180.0 / M_PI};
 }
 
 bool NavitClient::Call(const char* method, const QVariantList& arguments, QDBusMessage* pReply) const {
