@@ -16,10 +16,12 @@
 #include "gps/ui/CShareSettingsPage.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "integrations/navbridge/NavBridgeSettings.h"
 #include "integrations/navbridge/NavInfoFile.h"
 #include "integrations/navbridge/NavigationBridge.h"
 #include "integrations/navbridge/PostNaviStart.h"
 #include "integrations/navbridge/QuickStartTargets.h"
+#include "integrations/navbridge/RouteAdvance.h"
 #include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
 #include "integrations/ui/CModuleCustom.h"
@@ -307,7 +309,12 @@ PageFactory CFendixApp::MakePages() {
             *m_pDoc, [this](const QString& log) { ShowLogInDiagrams(log); }, parent);
     });
     pages.add(PageTable::kMnAddOns, [this](QWidget* parent) {
-        return new CMNAddOnPage([this] { m_pOverlay->LoadSettings(); }, parent);
+        return new CMNAddOnPage(
+            [this] {
+                m_pOverlay->LoadSettings();
+                LoadRouteAdvance();
+            },
+            parent);
     });
     pages.add(PageTable::kMnQuickStart, [this](QWidget* parent) {
         CModuleMNFastStart::Actions actions;
@@ -437,6 +444,8 @@ void CFendixApp::StartNavigationProgram() {
     };
     overlay.onAction = [this](const QString& action) { m_pActions->Perform(action); };
     m_pOverlay = std::make_unique<CNavOverlay>(overlay);
+    LoadRouteAdvance();
+    connect(m_pFrame.get(), &CMainFrame::pagesRedrawn, this, &CFendixApp::AdvanceRoute);
 
     const QString program = readSetting(key, ShellSettings::kAutoStart);
     if (program.isEmpty() || !readSetting(key, ShellSettings::kPostNavi)) return;
@@ -457,6 +466,23 @@ void CFendixApp::StartNavigationProgram() {
         if (m_pPostNavi->Tick(m_pBridge->IsRunning(), program)) m_postNaviTimer.stop();
     });
     m_postNaviTimer.start();
+}
+
+void CFendixApp::LoadRouteAdvance() {
+    CRegistryKey key;
+    m_pRoute.reset();
+    if (!readSetting(key, NavBridgeSettings::kNextWaypoint)) return;
+    m_nRouteRadius = readSetting(key, NavBridgeSettings::kNextWaypointRadius);
+    m_pRoute = std::make_unique<RouteAdvance>(m_root, m_clock);
+    if (!m_pRoute->Load(m_pBridge->ProgramPath(true))) m_pRoute.reset();
+}
+
+void CFendixApp::AdvanceRoute() {
+    const GpsFix& fix = m_pDoc->Fix();
+    if (!m_pRoute || !fix.hasFix()) return;
+    int id = 0;
+    if (const auto next = m_pRoute->Tick({fix.m_dPosLat, fix.m_dPosLong}, m_nRouteRadius, id))
+        m_pBridge->NavigateTo(next->m_dPosLong, next->m_dPosLat, QStringLiteral("Routenpunkt %1").arg(id));
 }
 
 void CFendixApp::ApplyLowPriority(bool bActive) {

@@ -68,14 +68,10 @@ void CModuleCustom::OnUpdate(uint16_t) {
 void CModuleCustom::Tap(size_t index) {
     if (index >= m_elements.size() || !m_elements[index]) return;
     const InfoElementSpec spec = m_elements[index]->Spec();
-    if (!spec.IsButton() || spec.bPassive) return;
-    if (spec.nType == 2) {
-        m_states[index] = m_file.NextState(spec.strName, m_states[index]);
-        // The element is made anew later: the tap may have come from the very window it replaces.
+    // The element is made anew later: the tap may have come from the very window it replaces.
+    if (m_file.Tap(spec, m_states[index], m_onAction))
         QMetaObject::invokeMethod(
             this, [this, index] { MakeElement(index); }, Qt::QueuedConnection);
-    }
-    if (!spec.strAction.isEmpty() && m_onAction) m_onAction(spec.strAction);
 }
 
 void CModuleCustom::paintEvent(QPaintEvent*) {

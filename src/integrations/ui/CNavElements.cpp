@@ -74,12 +74,8 @@ void CNavElements::Place(CInfoElement& window) const {
 void CNavElements::Tap(size_t index) {
     if (index >= m_windows.size() || !m_windows[index]) return;
     const InfoElementSpec spec = m_windows[index]->Spec();
-    if (!spec.IsButton() || spec.bPassive) return;
-    if (spec.nType == 2) {
-        m_states[index] = m_file.NextState(spec.strName, m_states[index]);
-        // Made anew later: the tap came from the very window it replaces.
+    // Made anew later: the tap came from the very window it replaces.
+    if (m_file.Tap(spec, m_states[index], m_onAction))
         QMetaObject::invokeMethod(
             this, [this, index] { MakeWindow(index); }, Qt::QueuedConnection);
-    }
-    if (!spec.strAction.isEmpty() && m_onAction) m_onAction(spec.strAction);
 }
