@@ -16,9 +16,12 @@
 #include "gps/ui/CShareSettingsPage.h"
 #include "gps/ui/CSourceSettingsPage.h"
 #include "gps/ui/CSpeedView.h"
+#include "integrations/navbridge/NavBridgeSettings.h"
+#include "integrations/navbridge/NavInfoFile.h"
 #include "integrations/navbridge/NavigationBridge.h"
 #include "integrations/navbridge/PostNaviStart.h"
 #include "integrations/navbridge/QuickStartTargets.h"
+#include "integrations/navbridge/RouteAdvance.h"
 #include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
 #include "integrations/ui/CModuleCustom.h"
@@ -191,6 +194,7 @@ PageFactory CFendixApp::MakePages() {
         pages.add(uint16_t(PageTable::kMap + instance), [this, instance](QWidget* parent) {
             auto* view = new CMapView(*m_pDoc, instance, parent);
             view->SetGoToTarget(m_pTarget.get());
+            view->SetNavLastClick([this] { return m_pBridge->LastClick(); });
             MapOverlaySources sources;
             sources.pShapes = Shapes();
             sources.track = [this]() -> const TrackVertices& { return m_mapTrack; };
@@ -219,6 +223,8 @@ PageFactory CFendixApp::MakePages() {
         services.setNavigationTarget = [this](double lon, double lat, const QString& name) {
             HandToNavigation(lon, lat, name);
         };
+        services.navMapCentre = [this] { return m_pBridge->MapCentre(); };
+        services.navLastClick = [this] { return m_pBridge->LastClick(); };
         return new CGoToView(*m_pTarget, *m_pWaypoints, m_pWaypoints->Path(), services, parent);
     });
     pages.add(PageTable::kTrack, [this](QWidget* parent) {
@@ -282,7 +288,8 @@ PageFactory CFendixApp::MakePages() {
             if (!m_pTarget->GetTarget(lon, lat)) return std::nullopt;
             return GeoPosition{lat, lon};
         };
-        auto* page = new CNextPoiView(*m_pPois, gpsPosition, target, parent);
+        auto* page = new CNextPoiView(*m_pPois, gpsPosition, target, parent,
+                                      [this] { return m_pBridge->MapCentre(); });
         connect(page, &CNextPoiView::targetChosen, m_pTarget.get(), &CGoToTarget::SetTarget);
         return page;
     });
@@ -299,7 +306,12 @@ PageFactory CFendixApp::MakePages() {
             *m_pDoc, [this](const QString& log) { ShowLogInDiagrams(log); }, parent);
     });
     pages.add(PageTable::kMnAddOns, [this](QWidget* parent) {
-        return new CMNAddOnPage([this] { m_pOverlay->LoadSettings(); }, parent);
+        return new CMNAddOnPage(
+            [this] {
+                m_pOverlay->LoadSettings();
+                LoadRouteAdvance();
+            },
+            parent);
     });
     pages.add(PageTable::kMnQuickStart, [this](QWidget* parent) {
         CModuleMNFastStart::Actions actions;
@@ -434,7 +446,14 @@ void CFendixApp::StartNavigationProgram() {
         sources.tLocalNow = m_clock.localNow();
         return ExpandTemplate(text, sources);
     };
+    overlay.infoFile = [this] {
+        const QString folder = m_pBridge->ProgramPath(true);
+        return std::make_pair(NavInfoFile::find(m_root, folder), NavInfoFile::listSection(m_pBridge->Kind()));
+    };
+    overlay.onAction = [this](const QString& action) { m_pActions->Perform(action); };
     m_pOverlay = std::make_unique<CNavOverlay>(overlay);
+    LoadRouteAdvance();
+    connect(m_pFrame.get(), &CMainFrame::pagesRedrawn, this, &CFendixApp::AdvanceRoute);
 
     const QString program = readSetting(key, ShellSettings::kAutoStart);
     if (program.isEmpty() || !readSetting(key, ShellSettings::kPostNavi)) return;
@@ -455,6 +474,23 @@ void CFendixApp::StartNavigationProgram() {
         if (m_pPostNavi->Tick(m_pBridge->IsRunning(), program)) m_postNaviTimer.stop();
     });
     m_postNaviTimer.start();
+}
+
+void CFendixApp::LoadRouteAdvance() {
+    CRegistryKey key;
+    m_pRoute.reset();
+    if (!readSetting(key, NavBridgeSettings::kNextWaypoint)) return;
+    m_nRouteRadius = readSetting(key, NavBridgeSettings::kNextWaypointRadius);
+    m_pRoute = std::make_unique<RouteAdvance>(m_root, m_clock);
+    if (!m_pRoute->Load(m_pBridge->ProgramPath(true))) m_pRoute.reset();
+}
+
+void CFendixApp::AdvanceRoute() {
+    const GpsFix& fix = m_pDoc->Fix();
+    if (!m_pRoute || !fix.hasFix()) return;
+    int id = 0;
+    if (const auto next = m_pRoute->Tick({fix.m_dPosLat, fix.m_dPosLong}, m_nRouteRadius, id))
+        m_pBridge->NavigateTo(next->m_dPosLong, next->m_dPosLat, QStringLiteral("Routenpunkt %1").arg(id));
 }
 
 void CFendixApp::ApplyLowPriority(bool bActive) {

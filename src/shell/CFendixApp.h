@@ -33,6 +33,7 @@ class MemoryPressure;
 class CNavOverlay;
 class NavigationBridge;
 class PostNaviStart;
+class RouteAdvance;
 class PageFactory;
 class PoiLoader;
 class QtNoiseMeter;
@@ -68,6 +69,9 @@ private:
     // The navigation program with Tarvik ("AutoStartMN"), the program waiting for it ("PostNavi"),
     // the information box over it.
     void StartNavigationProgram();
+    // "MNMNextWP": the route read again with its settings; at each fix the next point when one is reached.
+    void LoadRouteAdvance();
+    void AdvanceRoute();
     // The buttons, their actions and the automatic announcement and TMC search (after the frame).
     void StartHotkeys();
     // "Speicher aktuelle Pos": the GPS position as a waypoint.
@@ -119,7 +123,9 @@ private:
     std::unique_ptr<NavigationBridge> m_pBridge;
     std::unique_ptr<CNavOverlay> m_pOverlay;
     std::unique_ptr<PostNaviStart> m_pPostNavi;
-    QTimer m_postNaviTimer; // timer 49
+    std::unique_ptr<RouteAdvance> m_pRoute; // only while "MNMNextWP" is on
+    int m_nRouteRadius = 0;                 // metres
+    QTimer m_postNaviTimer;                 // timer 49
     bool m_bShutDown = false;
     bool m_bLowPriority = false;
 };

@@ -1,8 +1,12 @@
 // A stand-in for Navit's D-Bus interface on the session bus: it writes each call as one line
 // "method|arg|arg" into the file named by its first argument. With "hang" as second argument it
-// never answers a set_destination within the callers' patience.
+// never answers a set_destination within the callers' patience. Its map centre is the
+// Oktoberfest's, 11.54967 E 48.13548 N, in Navit's Mercator metres (radius 6371000 m).
 #include <QCoreApplication>
+#include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QFile>
 #include <QThread>
 
@@ -18,6 +22,15 @@ public Q_SLOTS:
         write(QStringLiteral("set_destination|%1|%2").arg(position, name));
     }
     Q_SCRIPTABLE void zoom(int factor) { write(QStringLiteral("zoom|%1").arg(factor)); }
+    Q_SCRIPTABLE void get_attr(const QString& name, const QDBusMessage& message) {
+        QDBusArgument centre;
+        centre.beginStructure();
+        centre << 1 << 1284265 << 6122565; // projection "mg", x, y
+        centre.endStructure();
+        message.setDelayedReply(true);
+        QDBusConnection::sessionBus().send(
+            message.createReply({name, QVariant::fromValue(QDBusVariant(QVariant::fromValue(centre)))}));
+    }
 
 private:
     void write(const QString& line) {

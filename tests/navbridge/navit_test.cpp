@@ -68,3 +68,14 @@ TEST(NavitClient, GivesUpOnAHangingOrMissingNavit) {
         EXPECT_FALSE(client.LastError().isEmpty());
     }
 }
+
+// Navit's map centre comes in its Mercator metres and reads back as degrees.
+TEST(NavitClient, ReadsTheMapCentre) {
+    if (!onPrivateBus()) GTEST_SKIP() << "runs under dbus-run-session only";
+    const NavitStandIn navit({});
+    ASSERT_TRUE(NavitStandIn::isRegistered());
+    const auto centre = NavitClient().MapCentre();
+    ASSERT_TRUE(centre.has_value());
+    EXPECT_NEAR(centre->m_dPosLong, 11.54967, 1e-5);
+    EXPECT_NEAR(centre->m_dPosLat, 48.13548, 1e-5);
+}

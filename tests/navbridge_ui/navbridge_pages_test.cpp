@@ -31,8 +31,10 @@ TEST(CNavOverlay, FollowsTheNavigationWindow) {
     writeSetting(key, NavBridgeSettings::kInfo, true);
     key.WriteRect(QString::fromLatin1(NavBridgeSettings::kInfoRect), {10, 20, 110, 52});
     std::optional<QRect> frame = QRect(100, 50, 640, 480);
-    CNavOverlay overlay(
-        {[&] { return frame; }, [](const QString& text) { return QString(text).replace("%Speed%", "42"); }});
+    CNavOverlay overlay({[&] { return frame; },
+                         [](const QString& text) { return QString(text).replace("%Speed%", "42"); },
+                         {},
+                         {}});
     struct Step {
         const char* legend;
         std::optional<QRect> frame;

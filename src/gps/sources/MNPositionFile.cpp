@@ -29,6 +29,8 @@ MNPosition MNPositionFile::parse(const QByteArray& bytes) {
     ini.ReadInt(gps, QStringLiteral("Valid"), position.m_nValid);
     for (const auto& [key, member] : kMapCorners)
         ini.ReadDouble(QStringLiteral("MapCoordinates"), QString::fromLatin1(key), position.*member);
+    ini.ReadInt(QStringLiteral("LastClick"), QStringLiteral("Lon"), position.m_nClickLon);
+    ini.ReadInt(QStringLiteral("LastClick"), QStringLiteral("Lat"), position.m_nClickLat);
     return position;
 }
 

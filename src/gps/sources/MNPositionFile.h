@@ -7,7 +7,8 @@ class DeviceRoot;
 
 // What NAVIGON MobileNavigator publishes in "/My Documents/MNPosition.txt" (an INI-style file):
 // [GPSPosition] Lon, Lat, Speed, Course, Valid and [MapCoordinates] with the corners of the map it
-// shows. Keys that are missing read as 0.
+// shows; [LastClick] is how a navigator on Linux tells the place last clicked. Keys that are
+// missing read as 0.
 struct MNPosition {
     double m_dLon = 0;    // degrees, east positive
     double m_dLat = 0;    // degrees, north positive
@@ -18,6 +19,8 @@ struct MNPosition {
     double m_dLonTopLeft = 0, m_dLatTopLeft = 0;
     double m_dLonTopRight = 0, m_dLatTopRight = 0;
     double m_dLonBottomRight = 0, m_dLatBottomRight = 0;
+    // The last place clicked on that map, millionths of a degree ([LastClick] Lon, Lat); 0 when none.
+    int32_t m_nClickLon = 0, m_nClickLat = 0;
 
     // What makes a new fix: the position, the speed or the course moved.
     bool sameMotion(const MNPosition& other) const {

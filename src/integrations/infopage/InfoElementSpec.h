@@ -42,6 +42,9 @@ struct InfoElementSpec {
 
     // Elements of "Type" 1 and 2 run their "Action" when tapped.
     bool IsButton() const { return nType == 1 || nType == 2; }
+    // Whether the text is expanded anew at the `nUpdate`-th refresh (counted from 1): "Refresh" 1 at
+    // every one, n above 1 at every n-th, 0 (or less) never after the element was made.
+    bool RefreshesAt(int nUpdate) const { return nRefresh == 1 || (nRefresh > 1 && nUpdate % nRefresh == 0); }
     // The text templates as one text, one template a line.
     QString Template() const { return texts.join('\n'); }
 };

@@ -90,6 +90,20 @@ bool InfoPageFile::HasState(const QString& name, int state) const {
     return Read(Header(QStringLiteral("%1_%2").arg(name).arg(state)), "Type", type);
 }
 
+uint8_t InfoPageFile::NextState(const QString& name, uint8_t state) const {
+    const int nNext = state + 1;
+    return nNext < 256 && HasState(name, nNext) ? static_cast<uint8_t>(nNext) : 0;
+}
+
+bool InfoPageFile::Tap(const InfoElementSpec& spec, uint8_t& state,
+                       const std::function<void(const QString&)>& onAction) const {
+    if (!spec.IsButton() || spec.bPassive) return false;
+    const bool bSwitched = spec.nType == 2;
+    if (bSwitched) state = NextState(spec.strName, state);
+    if (!spec.strAction.isEmpty() && onAction) onAction(spec.strAction);
+    return bSwitched;
+}
+
 std::optional<InfoElementSpec> InfoPageFile::ReadElement(const QString& name, int state) const {
     for (const QString& section : {QStringLiteral("%1_%2").arg(name).arg(state), name + "_0", name}) {
         const int header = Header(section);

@@ -3,6 +3,7 @@
 #include "integrations/infopage/InfoElementSpec.h"
 
 #include <QHash>
+#include <functional>
 #include <optional>
 
 // A page file ("*.ini" of the program folder, or "MNInfo.ini"): its name, its background and its
@@ -36,6 +37,14 @@ public:
     std::optional<InfoElementSpec> ReadElement(const QString& name, int state) const;
     // Whether "<name>_<state>" has a "Type": a state the element can switch to.
     bool HasState(const QString& name, int state) const;
+    // The state a switch element ("Type" 2) goes to when tapped: the next one that has a section of
+    // its own, after the last one the first.
+    uint8_t NextState(const QString& name, uint8_t state) const;
+    bool HasSection(const QString& section) const { return Header(section) >= 0; }
+    // A tap on an element in `state`: a switch ("Type" 2) steps `state` on and true says its window is
+    // to be made anew; a button's "Action" goes to `onAction`. Display and "Passive" elements ignore it.
+    bool Tap(const InfoElementSpec& spec, uint8_t& state,
+             const std::function<void(const QString&)>& onAction) const;
 
 private:
     // The header line of a section, -1 when there is none.

@@ -1,6 +1,7 @@
 #include "integrations/navbridge/NavigationBridge.h"
 
 #include "integrations/NavigationTarget.h"
+#include "integrations/navbridge/NavMapPositions.h"
 #include "integrations/navbridge/NavProgramKind.h"
 #include "integrations/navbridge/NavProgramLocation.h"
 #include "integrations/navbridge/PeFileVersion.h"
@@ -16,6 +17,14 @@ namespace {
 constexpr uint32_t kZoomInOld = 898, kZoomOutOld = 902, kZoomInMN = 1076, kZoomOutMN = 1077;
 constexpr uint32_t kPoiWarnerCommand = 1007, kPoiWarnerParameter = 3144800;
 constexpr int kNavitZoomIn = 2, kNavitZoomOut = -2;
+// Asked while a menu opens: a Navit that does not answer at once is not waited for.
+constexpr int kNavitQueryTimeoutMs = 300;
+
+MNPosition positionFile(const DeviceRoot& root) {
+    MNPosition position;
+    MNPositionFile::read(root, position);
+    return position;
+}
 } // namespace
 
 NavigationBridge::NavigationBridge(const DeviceRoot& root, NavigationTarget& target, QString display)
@@ -103,6 +112,17 @@ HandOverResult NavigationBridge::NavigateTo(double lon, double lat, const QStrin
         BringToFront(ignored);
     }
     return result;
+}
+
+std::optional<GeoPosition> NavigationBridge::MapCentre() {
+    ProgramPath(false); // the kind, when no window told it yet
+    if (m_nKind == NavProgramKind::kNavit)
+        if (const auto centre = NavitClient(kNavitQueryTimeoutMs).MapCentre()) return centre;
+    return NavMapPositions::mapCentre(positionFile(m_root));
+}
+
+std::optional<GeoPosition> NavigationBridge::LastClick() const {
+    return NavMapPositions::lastClick(positionFile(m_root));
 }
 
 bool NavigationBridge::Zoom(bool bIn) {

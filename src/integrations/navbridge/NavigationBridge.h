@@ -2,6 +2,7 @@
 
 #include "integrations/navbridge/DestinationHandOver.h"
 #include "integrations/navbridge/TomTomSdk.h"
+#include "nav/GeoPosition.h"
 #include "platform/DeviceRoot.h"
 
 #include <QRect>
@@ -32,6 +33,11 @@ public:
     bool BringToFront(QString& error);
     // Hands a destination over (degrees, longitude first); on success the navigation target holds it.
     HandOverResult NavigateTo(double lon, double lat, const QString& name);
+    // The centre of the navigation program's map: Navit's over D-Bus when it answers, else the one of
+    // the position file; nothing while neither tells one.
+    std::optional<GeoPosition> MapCentre();
+    // The place last clicked in the navigation program (the position file's [LastClick]).
+    std::optional<GeoPosition> LastClick() const;
     // Zooms the map in or out: Navit through its zoom call, the others through window commands.
     bool Zoom(bool bIn);
     // A hotkey action on the navigation program ("<MN Zoom in>", "<MN Zoom out>", "<MN in Vordergrund>");

@@ -49,8 +49,7 @@ void CModuleCustom::MakeElement(size_t index) {
 
 void CModuleCustom::Place(size_t index) {
     const Rect rect = resolveElementRect(m_elements[index]->Spec().pos, width(), height());
-    m_elements[index]->setGeometry(
-        QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1)));
+    m_elements[index]->setGeometry(infoRect(rect));
 }
 
 void CModuleCustom::Expand(size_t index, const TemplateSources& sources) {
@@ -62,26 +61,17 @@ void CModuleCustom::OnUpdate(uint16_t) {
     const TemplateSources sources = m_sources ? m_sources() : TemplateSources();
     for (size_t i = 0; i < m_elements.size(); ++i) {
         if (!m_elements[i]) continue;
-        // "Refresh" 1 redraws at every update, n above 1 at every n-th, 0 (or less) never after loading.
-        const int32_t nRefresh = m_elements[i]->Spec().nRefresh;
-        if (nRefresh == 1 || (nRefresh > 1 && m_nUpdates % nRefresh == 0)) Expand(i, sources);
+        if (m_elements[i]->Spec().RefreshesAt(m_nUpdates)) Expand(i, sources);
     }
 }
 
 void CModuleCustom::Tap(size_t index) {
     if (index >= m_elements.size() || !m_elements[index]) return;
     const InfoElementSpec spec = m_elements[index]->Spec();
-    if (!spec.IsButton() || spec.bPassive) return;
-    if (spec.nType == 2) {
-        // A switch: the next state that has a section of its own, after the last one the first.
-        const int nNext = m_states[index] + 1;
-        m_states[index] =
-            nNext < 256 && m_file.HasState(spec.strName, nNext) ? static_cast<uint8_t>(nNext) : 0;
-        // The element is made anew later: the tap may have come from the very window it replaces.
+    // The element is made anew later: the tap may have come from the very window it replaces.
+    if (m_file.Tap(spec, m_states[index], m_onAction))
         QMetaObject::invokeMethod(
             this, [this, index] { MakeElement(index); }, Qt::QueuedConnection);
-    }
-    if (!spec.strAction.isEmpty() && m_onAction) m_onAction(spec.strAction);
 }
 
 void CModuleCustom::paintEvent(QPaintEvent*) {

@@ -1,11 +1,11 @@
 #include "integrations/ui/CNavInfoBox.h"
 
+#include "integrations/ui/OverlayWindow.h"
+
 #include <QPainter>
 
-CNavInfoBox::CNavInfoBox(QWidget* parent)
-    : QWidget(parent,
-              Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus) {
-    setAttribute(Qt::WA_ShowWithoutActivating);
+CNavInfoBox::CNavInfoBox(QWidget* parent) : QWidget(parent) {
+    makeOverlayWindow(*this);
     setObjectName(QStringLiteral("MNInfoBox"));
 }
 

@@ -1,7 +1,9 @@
 #include "integrations/ui/CNavOverlay.h"
 
 #include "integrations/navbridge/NavBridgeSettings.h"
+#include "integrations/ui/CNavElements.h"
 #include "integrations/ui/CNavInfoBox.h"
+#include "integrations/ui/InfoElementPainter.h"
 #include "settings/CRegistryKey.h"
 
 namespace {
@@ -18,7 +20,8 @@ QColor colour(CRegistryKey& key, const char* name) {
 } // namespace
 
 CNavOverlay::CNavOverlay(Services services, QObject* parent)
-    : QObject(parent), m_services(std::move(services)), m_pBox(std::make_unique<CNavInfoBox>()) {
+    : QObject(parent), m_services(std::move(services)), m_pBox(std::make_unique<CNavInfoBox>()),
+      m_pElements(std::make_unique<CNavElements>(m_services.onAction)) {
     m_follow.setInterval(kFollowMs);
     connect(&m_follow, &QTimer::timeout, this, &CNavOverlay::Refresh);
     LoadSettings();
@@ -33,21 +36,32 @@ void CNavOverlay::LoadSettings() {
     Rect rect;
     m_inner = key.ReadRect(QString::fromLatin1(NavBridgeSettings::kInfoRect), rect) &&
                       rect.right > rect.left && rect.bottom > rect.top
-                  ? QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1))
+                  ? infoRect(rect)
                   : kDefaultInner;
     m_pBox->SetColours(colour(key, NavBridgeSettings::kInfoColorBG),
                        colour(key, NavBridgeSettings::kInfoColorText));
-    if (m_bOn)
+    LoadElements(true);
+    if (m_bOn || !m_pElements->IsEmpty())
         m_follow.start();
     else
         m_follow.stop();
     Refresh();
 }
 
+void CNavOverlay::LoadElements(bool bAlways) {
+    auto infoFile = m_services.infoFile ? m_services.infoFile() : std::pair<QString, QString>();
+    if (!bAlways && infoFile == m_infoFile) return;
+    m_infoFile = std::move(infoFile);
+    m_pElements->Load(m_infoFile.first, m_infoFile.second);
+}
+
 void CNavOverlay::Refresh() {
+    LoadElements(false); // the program's kind, and with it the section, may be known only now
+    const bool bFollow = m_bOn || !m_pElements->IsEmpty();
     const std::optional<QRect> frame =
-        m_bOn && m_services.navWindowFrame ? m_services.navWindowFrame() : std::nullopt;
-    if (!frame) {
+        bFollow && m_services.navWindowFrame ? m_services.navWindowFrame() : std::nullopt;
+    m_pElements->Follow(frame, m_services.expand);
+    if (!frame || !m_bOn) {
         m_pBox->hide();
         return;
     }

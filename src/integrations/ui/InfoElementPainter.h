@@ -31,5 +31,10 @@ void paintInfoElement(QPainter& painter, const QRect& rect, const InfoElementSpe
 void paintInfoBackground(QPainter& painter, const QRect& rect, const QImage& tile,
                          std::optional<Colour> colour);
 
+// A rectangle of the files (right and bottom lie just outside) as Qt's.
+inline QRect infoRect(const Rect& rect) {
+    return QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1));
+}
+
 // A colour of the files (red in the low byte) as Qt's.
 QColor infoColour(Colour colour);

@@ -16,8 +16,8 @@ QImage renderInfoPage(const InfoPageFile& file, const QSize& size, const Templat
         const auto spec = file.ReadElement(name, 0);
         if (!spec) continue;
         const Rect pos = resolveElementRect(spec->pos, size.width(), size.height());
-        paintInfoElement(painter, QRect(QPoint(pos.left, pos.top), QPoint(pos.right - 1, pos.bottom - 1)),
-                         *spec, ExpandTemplate(spec->Template(), sources), loadElementBitmap(*spec), false);
+        paintInfoElement(painter, infoRect(pos), *spec, ExpandTemplate(spec->Template(), sources),
+                         loadElementBitmap(*spec), false);
     }
     return image;
 }

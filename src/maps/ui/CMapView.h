@@ -1,5 +1,10 @@
 #pragma once
 
+#include "nav/GeoPosition.h"
+
+#include <functional>
+#include <optional>
+
 #include "maps/CMapCatalogue.h"
 #include "maps/ui/MapDisplaySettings.h"
 #include "maps/ui/MapViewport.h"
@@ -90,6 +95,13 @@ public:
     // The GoTo page's target, a source of calibration points; none until the program gives it.
     void SetGoToTarget(const CGoToTarget* pTarget) { m_pGoToTarget = pTarget; }
     const CGoToTarget* GoToTarget() const { return m_pGoToTarget; }
+    // The place last clicked in the navigation program, for "Position vom letzen MN Klick"; nothing
+    // while none is known.
+    using PositionSource = std::function<std::optional<GeoPosition>()>;
+    void SetNavLastClick(PositionSource source) { m_navLastClick = std::move(source); }
+    std::optional<GeoPosition> NavLastClick() const {
+        return m_navLastClick ? m_navLastClick() : std::nullopt;
+    }
 
     // CMapViewHost
     MapViewSpot ShownSpot() const override;
@@ -139,6 +151,7 @@ private:
 
     const CFendixDoc& m_doc;
     const CGoToTarget* m_pGoToTarget = nullptr;
+    PositionSource m_navLastClick;
     int m_nInstance;
     CMapCatalogue m_catalogue;
     CMapDecoder* m_pDecoder;

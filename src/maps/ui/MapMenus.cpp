@@ -131,8 +131,13 @@ void addPointMenu(QMenu* menu, CMapView& view, int slot, std::optional<Point> pi
                         view.SetCalibrationPoint(slot, at, targetLon, targetLat);
                     })
         ->setEnabled(onImage && hasTarget);
-    // A source that comes with the navigation program's bridge.
-    point->addAction(QStringLiteral("Position vom letzen MN Klick"))->setEnabled(false);
+    const std::optional<GeoPosition> click = view.NavLastClick();
+    point
+        ->addAction(QStringLiteral("Position vom letzen MN Klick"), &view,
+                    [&view, slot, at, click] {
+                        if (click) view.SetCalibrationPoint(slot, at, click->m_dPosLong, click->m_dPosLat);
+                    })
+        ->setEnabled(onImage && click.has_value());
     point
         ->addAction(QStringLiteral("Nächster Klick auf Route"), &view,
                     [&view, slot, at] { view.PickPositionOnNextTap(slot, at); })

@@ -8,3 +8,6 @@
 QString TarvikPosName(const QDateTime& localNow);
 // ... and with " (Altitude: %d m)" in whole metres, for a position from the GPS.
 QString TarvikPosNameWithAltitude(const QDateTime& localNow, double altitudeMetres);
+// "MN Position: (%02d.%02d.%02d %02d:%02d)": a target from the place last clicked in the navigation
+// program.
+QString MNClickName(const QDateTime& localNow);

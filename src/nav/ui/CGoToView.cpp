@@ -149,9 +149,15 @@ void CGoToView::BuildMenu() {
         m_pMenu->addAction(QString::fromUtf8(text), this, slot);
     };
     add("Übernehme GPS Position", &CGoToView::TakeGpsPosition);
-    // They wait for the navigation program's map centre and last click.
-    for (const char* text : {"Übernehme MN Kartenmittelpunkt Koordinaten", "Position vom letzen MN Klick"})
-        m_pMenu->addAction(QString::fromUtf8(text))->setEnabled(false);
+    add("Übernehme MN Kartenmittelpunkt Koordinaten", &CGoToView::TakeNavMapCentre);
+    add("Position vom letzen MN Klick", &CGoToView::TakeNavLastClick);
+    // Offered only while the navigation program tells them.
+    connect(m_pMenu, &QMenu::aboutToShow, this, [this] {
+        Command(QStringLiteral("Übernehme MN Kartenmittelpunkt Koordinaten"))
+            ->setEnabled(m_services.navMapCentre && m_services.navMapCentre());
+        Command(QStringLiteral("Position vom letzen MN Klick"))
+            ->setEnabled(m_services.navLastClick && m_services.navLastClick());
+    });
     add("Setze MN Ziel ", [this] {
         double lon = 0, lat = 0;
         if (m_services.setNavigationTarget && m_target.GetTarget(lon, lat))
@@ -272,10 +278,28 @@ void CGoToView::TypedTargetEdited() {
 
 void CGoToView::TakeGpsPosition() {
     const GoToFix fix = m_services.fix ? m_services.fix() : GoToFix{};
-    if (!fix.m_bValid) return;
     const QDateTime now = m_services.localNow ? m_services.localNow() : QDateTime::currentDateTime();
+    if (!fix.m_bValid) {
+        // Without a fix from the navigation program its map centre stands in for the position.
+        const auto centre =
+            fix.m_bNavigationSource && m_services.navMapCentre ? m_services.navMapCentre() : std::nullopt;
+        if (centre) SetTarget(centre->m_dPosLong, centre->m_dPosLat, TarvikPosName(now));
+        return;
+    }
     SetTarget(fix.m_dLon, fix.m_dLat,
               fix.m_bNavigationSource ? TarvikPosName(now) : TarvikPosNameWithAltitude(now, fix.m_dAltitude));
+}
+
+void CGoToView::TakeNavMapCentre() {
+    if (const auto centre = m_services.navMapCentre ? m_services.navMapCentre() : std::nullopt)
+        SetTarget(centre->m_dPosLong, centre->m_dPosLat, QStringLiteral("MN Map Position"));
+}
+
+void CGoToView::TakeNavLastClick() {
+    const auto click = m_services.navLastClick ? m_services.navLastClick() : std::nullopt;
+    if (!click) return;
+    const QDateTime now = m_services.localNow ? m_services.localNow() : QDateTime::currentDateTime();
+    SetTarget(click->m_dPosLong, click->m_dPosLat, MNClickName(now));
 }
 
 void CGoToView::CalculateTarget() {

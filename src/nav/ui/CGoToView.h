@@ -49,6 +49,9 @@ public:
         std::function<bool(const QString& question)> ask; // Yes/No
         // "Setze MN Ziel ": the target (degrees, longitude first) to the navigation program.
         std::function<void(double lon, double lat, const QString& name)> setNavigationTarget;
+        // The navigation program's map centre and the place last clicked in it; nothing while unknown.
+        std::function<std::optional<GeoPosition>()> navMapCentre;
+        std::function<std::optional<GeoPosition>()> navLastClick;
     };
 
     CGoToView(CGoToTarget& target, CWaypointList& waypoints, const QString& waypointFile, Services services,
@@ -62,6 +65,8 @@ public:
 
     // The page commands, as the menu runs them.
     void TakeGpsPosition();
+    void TakeNavMapCentre();
+    void TakeNavLastClick();
     void CalculateTarget();
     void ChangeWaypointFile();
     void SaveWaypoint();

@@ -32,17 +32,14 @@ void notice(QWidget* parent, const QString& text) {
 } // namespace
 
 CNextPoiView::CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, PositionSource goToTarget,
-                           QWidget* parent)
+                           QWidget* parent, PositionSource navMapCentre)
     : CPageView(parent), m_pois(pois), m_gpsPosition(std::move(gpsPosition)),
-      m_goToTarget(std::move(goToTarget)) {
+      m_goToTarget(std::move(goToTarget)), m_navMapCentre(std::move(navMapCentre)) {
     m_pRadius = new QComboBox(this);
     m_pRadius->addItems(kRadii);
     m_pReference = new QComboBox(this);
     m_pReference->addItems(kReferences);
-    // The navigation program's map centre comes with the bridge to that program; until then it is offered
-    // but cannot be chosen.
-    if (auto* items = qobject_cast<QStandardItemModel*>(m_pReference->model()))
-        items->item(MapCentre)->setEnabled(false);
+    OfferMapCentre();
     auto* search = new QPushButton(QString::fromUtf8("↻"), this); // leaves the choices room on a small screen
     search->setToolTip(QStringLiteral("Suchen"));
     search->setMinimumWidth(48);
@@ -108,6 +105,8 @@ std::optional<GeoPosition> CNextPoiView::Reference() const {
         return m_gpsPosition ? m_gpsPosition() : std::nullopt;
     case GoToTarget:
         return m_goToTarget ? m_goToTarget() : std::nullopt;
+    case MapCentre:
+        return m_navMapCentre ? m_navMapCentre() : std::nullopt;
     default:
         return std::nullopt;
     }
@@ -174,7 +173,16 @@ void CNextPoiView::SearchWhenPossible() {
     if (isVisible() && Reference() && !m_pois.isLoading()) Search(m_bNamesLoaded);
 }
 
+void CNextPoiView::OfferMapCentre() {
+    auto* items = qobject_cast<QStandardItemModel*>(m_pReference->model());
+    if (!items) return;
+    const bool bKnown = m_navMapCentre && m_navMapCentre();
+    items->item(MapCentre)->setEnabled(bKnown);
+    if (!bKnown && m_pReference->currentIndex() == MapCentre) m_pReference->setCurrentIndex(GpsPosition);
+}
+
 void CNextPoiView::showEvent(QShowEvent* event) {
     CPageView::showEvent(event);
+    OfferMapCentre();
     SearchWhenPossible(); // a fresh list each time the page comes up
 }

@@ -28,7 +28,7 @@ public:
     // Where the reference points come from; nothing: unknown (or no target set).
     using PositionSource = std::function<std::optional<GeoPosition>()>;
     CNextPoiView(const PoiLoader& pois, PositionSource gpsPosition, PositionSource goToTarget,
-                 QWidget* parent = nullptr);
+                 QWidget* parent = nullptr, PositionSource navMapCentre = {});
 
     // The list is made on request, not on every fix; only a page still without a list makes it as soon
     // as the reference is known.
@@ -54,10 +54,12 @@ private:
     void ApplySort();
     void ChooseRow(int row);
     void SearchWhenPossible(); // without the refusal
+    void OfferMapCentre();     // "MN Kartenmp." only while the navigation program tells its centre
 
     const PoiLoader& m_pois;
     PositionSource m_gpsPosition;
     PositionSource m_goToTarget;
+    PositionSource m_navMapCentre;
     QComboBox* m_pRadius;
     QComboBox* m_pReference;
     QLabel* m_pCount;
