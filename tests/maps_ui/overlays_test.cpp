@@ -104,9 +104,12 @@ struct OverlaidPage {
         sources.pMeasurement = &measurement;
         AddMapOverlays(*view, sources);
     }
+    // A frame with the overlays' image drawn for it.
     QImage Frame() {
         QImage frame(view->size(), QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&frame);
+        view->Render(painter);
+        view->FinishOverlays();
         view->Render(painter);
         return frame;
     }

@@ -17,10 +17,13 @@ public:
     // The layers are shared by the map pages (one opened copy of each file).
     explicit CShapeOverlay(std::shared_ptr<ShapeLayers> layers);
 
-    void Paint(QPainter& painter, const MapViewport& viewport) override;
+    Drawing Prepare(const MapViewport& viewport) override;
     QString Title() const override { return QStringLiteral("Shape-Ebenen"); }
     const char* SettingName() const override { return "ShowShapes"; }
 
 private:
+    // On the overlay image's worker thread, the only one reading the layers.
+    static void Draw(QPainter& painter, const MapViewport& viewport, ShapeLayers& layers);
+
     std::shared_ptr<ShapeLayers> m_pLayers;
 };
