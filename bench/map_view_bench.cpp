@@ -157,7 +157,7 @@ void Frame(benchmark::State& state) {
     if (state.range(3)) {
         OverlayWorld& world = overlays();
         MapOverlaySources sources;
-        sources.pShapes = world.shapes;
+        sources.shapes = [&world] { return world.shapes; };
         sources.track = [&world]() -> const TrackVertices& { return world.track; };
         sources.pPois = &world.pois;
         AddMapOverlays(view, sources);

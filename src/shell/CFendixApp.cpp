@@ -21,9 +21,9 @@
 #include "integrations/navbridge/QuickStartTargets.h"
 #include "integrations/template/ExpandTemplate.h"
 #include "integrations/ui/CMNAddOnPage.h"
+#include "integrations/ui/CModuleCustom.h"
 #include "integrations/ui/CModuleMNFastStart.h"
 #include "integrations/ui/CNavOverlay.h"
-#include "integrations/ui/CModuleCustom.h"
 #include "maps/shapes/ShapeLayers.h"
 #include "maps/ui/CMapView.h"
 #include "maps/ui/overlays/MapOverlays.h"
@@ -40,8 +40,8 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
-#include "platform/EvdevKeys.h"
 #include "platform/BatteryStatus.h"
+#include "platform/EvdevKeys.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
 #include "platform/session/Backlight.h"
@@ -192,7 +192,8 @@ PageFactory CFendixApp::MakePages() {
             auto* view = new CMapView(*m_pDoc, instance, parent);
             view->SetGoToTarget(m_pTarget.get());
             MapOverlaySources sources;
-            sources.pShapes = Shapes();
+            OpenShapes();
+            sources.shapes = [this] { return Shapes(); };
             sources.track = [this]() -> const TrackVertices& { return m_mapTrack; };
             sources.pPois = m_pPois.get();
             sources.pWaypoints = m_pWaypoints.get();
@@ -344,12 +345,24 @@ LogPositionReader CFendixApp::LogReader() {
     };
 }
 
+void CFendixApp::OpenShapes() {
+    if (m_pShapes || m_shapesOpening.valid()) return;
+    m_shapesOpening = std::async(std::launch::async, [root = m_root] {
+        return LoadShapeLayers(root.hostPath(QString::fromLatin1(kShapeProfilePath)),
+                               [&root](const QString& path) { return root.hostPath(path); });
+    });
+}
+
 std::shared_ptr<ShapeLayers> CFendixApp::Shapes() {
-    if (m_pShapes) return m_pShapes;
-    m_pShapes = LoadShapeLayers(m_root.hostPath(QString::fromLatin1(kShapeProfilePath)),
-                                [this](const QString& path) { return m_root.hostPath(path); });
+    if (m_pShapes || !m_shapesOpening.valid() ||
+        m_shapesOpening.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        return m_pShapes;
+    m_pShapes = m_shapesOpening.get();
+    // Asked while a map page draws: the notice comes after.
     if (!m_pShapes->m_messages.isEmpty())
-        ShowNotice(QStringLiteral("Shape-Ebenen übersprungen:\n") + m_pShapes->m_messages.join('\n'));
+        QTimer::singleShot(0, this, [this] {
+            ShowNotice(QStringLiteral("Shape-Ebenen übersprungen:\n") + m_pShapes->m_messages.join('\n'));
+        });
     return m_pShapes;
 }
 

@@ -101,7 +101,7 @@ struct OverlaidPage {
         auto made = std::make_unique<CMapView>(doc, instance);
         made->resize(400, 300);
         MapOverlaySources sources;
-        sources.pShapes = LoadShapeLayers(root.file("Tarvik.gsh"), {});
+        sources.shapes = [layers = LoadShapeLayers(root.file("Tarvik.gsh"), {})] { return layers; };
         sources.track = [this]() -> const TrackVertices& { return track; };
         sources.pPois = &pois;
         sources.pWaypoints = &waypoints;

@@ -9,9 +9,11 @@
 #include <QPainter>
 #include <QPainterPath>
 
-CShapeOverlay::CShapeOverlay(std::shared_ptr<ShapeLayers> layers) : m_pLayers(std::move(layers)) {}
+CShapeOverlay::CShapeOverlay(std::function<std::shared_ptr<ShapeLayers>()> layers)
+    : m_layers(std::move(layers)) {}
 
 CMapOverlay::Drawing CShapeOverlay::Prepare(const MapViewport& viewport) {
+    m_pLayers = m_layers();
     if (!m_pLayers || m_pLayers->m_layers.empty()) return {};
     return [viewport, layers = m_pLayers](QPainter& painter) { Draw(painter, viewport, *layers); };
 }

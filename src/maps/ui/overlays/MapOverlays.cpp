@@ -14,7 +14,7 @@
 #include "nav/waypoints/WaypointList.h"
 
 void AddMapOverlays(CMapView& view, const MapOverlaySources& sources) {
-    if (sources.pShapes) view.AddOverlay(std::make_unique<CShapeOverlay>(sources.pShapes));
+    if (sources.shapes) view.AddOverlay(std::make_unique<CShapeOverlay>(sources.shapes));
     view.AddOverlay(std::make_unique<CRunTrackOverlay>(view.Document(), view.DisplaySettings()));
     if (sources.track) view.AddOverlay(std::make_unique<CTrackOverlay>(sources.track));
     if (sources.pPois) view.AddOverlay(std::make_unique<CPoiOverlay>(*sources.pPois, view.DisplaySettings()));
