@@ -71,6 +71,7 @@ struct OverlaidPage {
     TrackVertices track{vertex(-150, 100), vertex(150, 100)};
     std::unique_ptr<CMapView> view;
     bool bShapes = false;
+    std::shared_ptr<ShapeLayers> shapes; // as the program gives them: nothing while they open
 
     OverlaidPage() {
         ensureApplication();
@@ -93,6 +94,7 @@ struct OverlaidPage {
         for (const TrackVertex& v : {vertex(50, 60), vertex(150, 60)})
             measurement.Add(v.m_dLon, v.m_dLat);
         bShapes = makeRoadLayer(root);
+        shapes = LoadShapeLayers(root.file("Tarvik.gsh"), {});
 
         view = MakeView(0);
     }
@@ -101,7 +103,7 @@ struct OverlaidPage {
         auto made = std::make_unique<CMapView>(doc, instance);
         made->resize(400, 300);
         MapOverlaySources sources;
-        sources.shapes = [layers = LoadShapeLayers(root.file("Tarvik.gsh"), {})] { return layers; };
+        sources.shapes = [this] { return shapes; };
         sources.track = [this]() -> const TrackVertices& { return track; };
         sources.pPois = &pois;
         sources.pWaypoints = &waypoints;
@@ -243,4 +245,14 @@ TEST(MapOverlays, TheOverlayImageShowsWhatAFreshPageShows) {
                 differing += kept.pixel(x, y) != drawn.pixel(x, y);
         EXPECT_EQ(differing, 0) << c.legend;
     }
+}
+
+TEST(MapOverlays, ShapeLayersShowOnceOpened) {
+    OverlaidPage page;
+    if (!page.bShapes) GTEST_SKIP() << "shapelib's tools (Debian package shapelib) are missing";
+    const std::shared_ptr<ShapeLayers> opened = page.shapes;
+    page.shapes.reset();
+    EXPECT_TRUE(isNear(page.Frame().pixelColor(page.Pixel(-150, -130)), Qt::white)) << "still opening";
+    page.shapes = opened;
+    EXPECT_TRUE(isNear(page.Frame().pixelColor(page.Pixel(-150, -130)), QColor(200, 0, 0))) << "open";
 }
