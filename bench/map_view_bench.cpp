@@ -157,7 +157,7 @@ void Frame(benchmark::State& state) {
     if (state.range(3)) {
         OverlayWorld& world = overlays();
         MapOverlaySources sources;
-        sources.pShapes = world.shapes;
+        sources.shapes = [&world] { return world.shapes; };
         sources.track = [&world]() -> const TrackVertices& { return world.track; };
         sources.pPois = &world.pois;
         AddMapOverlays(view, sources);
@@ -172,14 +172,24 @@ void Frame(benchmark::State& state) {
     view.OnUpdate(0);
     waitFor([] { return false; }, 1000); // the turn settles
     QImage frame(view.size(), QImage::Format_ARGB32_Premultiplied);
+    {
+        QPainter first(&frame);
+        view.Render(first);
+        view.FinishOverlays(); // the frames start with the overlays' first image there
+    }
     int step = 0;
+    double longest = 0; // ms: a frame that also took the overlays' data for a new image
     for (auto _ : state) {
+        QElapsedTimer clock;
+        clock.start();
         b.MoveTo(++step);
         view.OnUpdate(GpsChange::kRmc);
         QPainter painter(&frame);
         view.Render(painter);
+        longest = std::max(longest, clock.nsecsElapsed() / 1e6);
     }
     state.counters["fps"] = benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
+    state.counters["longest_ms"] = longest;
 }
 
 // From OpenMap to the reduced preview and to the whole picture, with the longest time the window's

@@ -196,7 +196,8 @@ PageFactory CFendixApp::MakePages() {
             view->SetGoToTarget(m_pTarget.get());
             view->SetNavLastClick([this] { return m_pBridge->LastClick(); });
             MapOverlaySources sources;
-            sources.pShapes = Shapes();
+            OpenShapes();
+            sources.shapes = [this] { return Shapes(); };
             sources.track = [this]() -> const TrackVertices& { return m_mapTrack; };
             sources.pPois = m_pPois.get();
             sources.pWaypoints = m_pWaypoints.get();
@@ -353,12 +354,24 @@ LogPositionReader CFendixApp::LogReader() {
     };
 }
 
+void CFendixApp::OpenShapes() {
+    if (m_pShapes || m_shapesOpening.valid()) return;
+    m_shapesOpening = std::async(std::launch::async, [root = m_root] {
+        return LoadShapeLayers(root.hostPath(QString::fromLatin1(kShapeProfilePath)),
+                               [&root](const QString& path) { return root.hostPath(path); });
+    });
+}
+
 std::shared_ptr<ShapeLayers> CFendixApp::Shapes() {
-    if (m_pShapes) return m_pShapes;
-    m_pShapes = LoadShapeLayers(m_root.hostPath(QString::fromLatin1(kShapeProfilePath)),
-                                [this](const QString& path) { return m_root.hostPath(path); });
+    if (m_pShapes || !m_shapesOpening.valid() ||
+        m_shapesOpening.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        return m_pShapes;
+    m_pShapes = m_shapesOpening.get();
+    // Asked while a map page draws: the notice comes after.
     if (!m_pShapes->m_messages.isEmpty())
-        ShowNotice(QStringLiteral("Shape-Ebenen übersprungen:\n") + m_pShapes->m_messages.join('\n'));
+        QTimer::singleShot(0, this, [this] {
+            ShowNotice(QStringLiteral("Shape-Ebenen übersprungen:\n") + m_pShapes->m_messages.join('\n'));
+        });
     return m_pShapes;
 }
 

@@ -12,6 +12,7 @@
 #include <QDateTime>
 #include <QObject>
 #include <QTimer>
+#include <future>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -81,7 +82,10 @@ private:
     std::optional<double> TargetDistance() const;
     // A recorded log's positions, for the track page and the map's track.
     LogPositionReader LogReader();
-    // The shapefile layers of "\Tarvik.gsh", opened once; skipped layers are told in a notice.
+    // Starts opening the shapefile layers of "\Tarvik.gsh" on a thread of their own, once: 50 MB
+    // take a second.
+    void OpenShapes();
+    // The layers once open, nothing before; skipped layers are told in a notice.
     std::shared_ptr<ShapeLayers> Shapes();
     // A destination (degrees, longitude first) to the navigation program; its error in a box.
     void HandToNavigation(double lon, double lat, const QString& name);
@@ -107,6 +111,7 @@ private:
     std::unique_ptr<CMeasurement> m_pMeasurement;     // made on the map pages, inserted by the track page
     TrackVertices m_mapTrack;                         // the track page's track, drawn on the map pages
     std::shared_ptr<ShapeLayers> m_pShapes;           // opened with the first map page
+    std::future<std::shared_ptr<ShapeLayers>> m_shapesOpening; // waited for when the program ends
     std::unique_ptr<CMainFrame> m_pFrame;
     std::unique_ptr<Backlight> m_pBacklight;
     std::unique_ptr<CHotkeyActions> m_pActions;

@@ -21,6 +21,7 @@
 #include <QStandardPaths>
 #include <QTest>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -70,6 +71,7 @@ struct OverlaidPage {
     TrackVertices track{vertex(-150, 100), vertex(150, 100)};
     std::unique_ptr<CMapView> view;
     bool bShapes = false;
+    std::shared_ptr<ShapeLayers> shapes; // as the program gives them: nothing while they open
 
     OverlaidPage() {
         ensureApplication();
@@ -92,22 +94,32 @@ struct OverlaidPage {
         for (const TrackVertex& v : {vertex(50, 60), vertex(150, 60)})
             measurement.Add(v.m_dLon, v.m_dLat);
         bShapes = makeRoadLayer(root);
+        shapes = LoadShapeLayers(root.file("Tarvik.gsh"), {});
 
-        view = std::make_unique<CMapView>(doc, 0);
-        view->resize(400, 300);
+        view = MakeView(0);
+    }
+    // Map page `instance` over the overlays.
+    std::unique_ptr<CMapView> MakeView(int instance) {
+        auto made = std::make_unique<CMapView>(doc, instance);
+        made->resize(400, 300);
         MapOverlaySources sources;
-        sources.pShapes = LoadShapeLayers(root.file("Tarvik.gsh"), {});
+        sources.shapes = [this] { return shapes; };
         sources.track = [this]() -> const TrackVertices& { return track; };
         sources.pPois = &pois;
         sources.pWaypoints = &waypoints;
         sources.pTarget = &target;
         sources.pMeasurement = &measurement;
-        AddMapOverlays(*view, sources);
+        AddMapOverlays(*made, sources);
+        return made;
     }
-    QImage Frame() {
-        QImage frame(view->size(), QImage::Format_ARGB32_Premultiplied);
+    // A frame of `shown` (the page's view) with the overlays' image drawn for it.
+    QImage Frame(CMapView* shown = nullptr) {
+        shown = shown ? shown : view.get();
+        QImage frame(shown->size(), QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&frame);
-        view->Render(painter);
+        shown->Render(painter);
+        shown->FinishOverlays();
+        shown->Render(painter);
         return frame;
     }
     // The screen pixel `east` and `north` metres from the fix on the flat, north-up view.
@@ -196,4 +208,51 @@ TEST(MapOverlays, TapsAddMeasuringPointsOnlyWhileMeasuring) {
                     1000.0,
                 0.0, 1.5)
         << "the tapped ground within a pixel";
+}
+
+TEST(MapOverlays, TheOverlayImageShowsWhatAFreshPageShows) {
+    const auto none = [](OverlaidPage&) {};
+    const auto noMove = [](CMapView&) {};
+    const struct {
+        const char* legend;
+        std::function<void(OverlaidPage&)> changeData;
+        std::function<void(CMapView&)> move; // done to both pages
+    } cases[] = {
+        {"panned within the image's margin: the image is moved", none,
+         [](CMapView& view) { view.PanBy(QPointF(200, 150), QPointF(231, 137)); }},
+        {"zoomed in", none, [](CMapView& view) { view.ZoomAt(QPointF(200, 150), 2.0); }},
+        {"the track page's track edited", [](OverlaidPage& page) { page.track.push_back(vertex(160, -60)); },
+         noMove},
+        {"a waypoint added",
+         [](OverlaidPage& page) {
+             const QPointF at = offset(60, 110);
+             page.waypoints.Append({at.x(), at.y(), "Quelle"});
+         },
+         noMove},
+    };
+    for (const auto& c : cases) {
+        OverlaidPage page;
+        page.Frame();
+        c.changeData(page);
+        c.move(*page.view);
+        const QImage kept = page.Frame();
+        const std::unique_ptr<CMapView> fresh = page.MakeView(1);
+        c.move(*fresh);
+        const QImage drawn = page.Frame(fresh.get());
+        int differing = 0;
+        for (int y = 0; y < drawn.height(); ++y)
+            for (int x = 0; x < drawn.width(); ++x)
+                differing += kept.pixel(x, y) != drawn.pixel(x, y);
+        EXPECT_EQ(differing, 0) << c.legend;
+    }
+}
+
+TEST(MapOverlays, ShapeLayersShowOnceOpened) {
+    OverlaidPage page;
+    if (!page.bShapes) GTEST_SKIP() << "shapelib's tools (Debian package shapelib) are missing";
+    const std::shared_ptr<ShapeLayers> opened = page.shapes;
+    page.shapes.reset();
+    EXPECT_TRUE(isNear(page.Frame().pixelColor(page.Pixel(-150, -130)), Qt::white)) << "still opening";
+    page.shapes = opened;
+    EXPECT_TRUE(isNear(page.Frame().pixelColor(page.Pixel(-150, -130)), QColor(200, 0, 0))) << "open";
 }

@@ -5,6 +5,7 @@
 #include "maps/MapSettings.h"
 #include "maps/ui/CMapDecoder.h"
 #include "maps/ui/CMapOverlay.h"
+#include "maps/ui/COverlayImage.h"
 #include "maps/ui/MapGestures.h"
 #include "maps/ui/MapPainting.h"
 #include "nav/GeoSphere.h"
@@ -66,6 +67,8 @@ CMapView::CMapView(const CFendixDoc& doc, int instance, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     m_pDecoder = new CMapDecoder(this);
+    m_pOverlayImage = new COverlayImage(this);
+    connect(m_pOverlayImage, &COverlayImage::ready, this, qOverload<>(&CMapView::update));
     connect(m_pDecoder, &CMapDecoder::decoded, this, &CMapView::OnDecoded);
     connect(m_pDecoder, &CMapDecoder::preview, this, [this](const QString& path, const QImage& image) {
         const MapCalibration* map = m_catalogue.CurrentMap();
@@ -174,12 +177,14 @@ void CMapView::DropCachedData() {
     for (const auto& map : m_catalogue.Maps())
         map->UnloadImage();
     m_frame = QImage();
+    m_pOverlayImage->Drop();
 }
 
 void CMapView::showEvent(QShowEvent* event) {
     CPageView::showEvent(event);
     for (const ShownOverlay& overlay : m_overlays)
         overlay.m_pOverlay->ReadSettings(); // changed on other pages meanwhile
+    m_pOverlayImage->Invalidate();
     // Memory pressure may have taken the image while the page was hidden.
     const MapCalibration* map = m_catalogue.CurrentMap();
     if (map && m_catalogue.ShowMap() && !map->HasImage() && !map->MapFile().isEmpty()) LoadCurrent(false);
@@ -328,7 +333,16 @@ void CMapView::AddOverlay(std::unique_ptr<CMapOverlay> overlay) {
     const bool shown = readSetting(key, Setting<int32_t>{overlay->SettingName(), 1, false}) != 0;
     overlay->ReadSettings();
     m_overlays.push_back({std::move(overlay), shown});
+    OverlaysChanged();
+}
+
+void CMapView::OverlaysChanged() {
+    m_pOverlayImage->Invalidate();
     update();
+}
+
+void CMapView::FinishOverlays() {
+    m_pOverlayImage->Finish();
 }
 
 void CMapView::SetOverlayShown(size_t index, bool shown) {
@@ -336,7 +350,7 @@ void CMapView::SetOverlayShown(size_t index, bool shown) {
     overlay.m_bShown = shown;
     CRegistryKey key(MapSettings::KeyPath(m_nInstance));
     writeSetting(key, Setting<int32_t>{overlay.m_pOverlay->SettingName(), 1, false}, shown ? 1 : 0);
-    update();
+    OverlaysChanged();
 }
 
 void CMapView::OpenMapFile(const QString& path) {
@@ -395,6 +409,7 @@ void CMapView::ChangeDisplaySettings(const MapDisplaySettings& settings) {
     if (settings.m_bColoredGraph != old.m_bColoredGraph)
         writeSetting(key, S::kColoredGraph, settings.m_bColoredGraph ? 1 : 0);
     m_settings = settings;
+    m_pOverlayImage->Invalidate(); // colours, and POIs hidden while turned
     if (m_settings.m_bTurnMap)
         OnUpdate(0);
     else
@@ -482,9 +497,14 @@ void CMapView::Render(QPainter& painter) {
     }
     MapPainting::DrawGround(painter, m_viewport);
     DrawMap(painter);
-    if (!m_bImagePlane)
+    if (!m_bImagePlane) {
+        std::vector<CMapOverlay*> shown;
         for (const ShownOverlay& overlay : m_overlays)
-            if (overlay.m_bShown) overlay.m_pOverlay->Paint(painter, m_viewport);
+            if (overlay.m_bShown) shown.push_back(overlay.m_pOverlay.get());
+        m_pOverlayImage->Paint(painter, m_viewport, shown);
+        for (CMapOverlay* overlay : shown)
+            overlay->PaintLive(painter, m_viewport);
+    }
     const MapCalibration* map = m_catalogue.CurrentMap();
     if (m_bDrawCalibrationPoints && map && (m_bImagePlane || isCalibrated(*map)))
         MapPainting::DrawCalibrationPoints(painter, m_viewport, *map);

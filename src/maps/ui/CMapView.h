@@ -20,6 +20,7 @@ class CFendixDoc;
 class CGoToTarget;
 class CMapDecoder;
 class CMapOverlay;
+class COverlayImage;
 class MapGestures;
 class QMenu;
 class QScrollBar;
@@ -57,6 +58,10 @@ public:
     bool IsOverlayShown(size_t index) const { return m_overlays[index].m_bShown; }
     // Switches one overlay on or off and writes it at once.
     void SetOverlayShown(size_t index, bool shown);
+    // What an overlay draws changed elsewhere (on another page, by a load): drawn anew.
+    void OverlaysChanged();
+    // Waits for the overlays' image being drawn, so that the next frame shows them all (offscreen).
+    void FinishOverlays();
 
     const MapViewport& Viewport() const { return m_viewport; }
     CMapCatalogue& Catalogue() { return m_catalogue; }
@@ -163,6 +168,7 @@ private:
         bool m_bShown = true;
     };
     std::vector<ShownOverlay> m_overlays;
+    COverlayImage* m_pOverlayImage;
 
     MapCalibration* m_pDisplayed = nullptr; // the map whose image is drawn
     MapCalibration* m_pPrevious = nullptr;  // the one before: its image is kept for a quick way back

@@ -38,7 +38,7 @@ void CMeasureOverlay::AddCommands(QMenu& menu) {
         ->setEnabled(!m_measurement.Points().empty());
 }
 
-void CMeasureOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
+void CMeasureOverlay::PaintLive(QPainter& painter, const MapViewport& viewport) {
     const TrackVertices& points = m_measurement.Points();
     if (points.empty() && !m_measurement.IsMeasuring()) return;
     const QColor colour = toQColor(m_settings.m_colMeasurement);

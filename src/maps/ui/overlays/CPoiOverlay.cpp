@@ -19,6 +19,13 @@ struct Placed {
     QPointF at;
 };
 
+// What the worker draws: copies only.
+struct Mark {
+    QImage icon; // null: a dot
+    QPointF at;
+    QString strName;
+};
+
 } // namespace
 
 CPoiOverlay::CPoiOverlay(const PoiLoader& pois, const MapDisplaySettings& settings)
@@ -32,16 +39,16 @@ void CPoiOverlay::ReadSettings() {
     m_bSmallFont = readSetting(key, PoiSettings::kSmallFont);
 }
 
-void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
+CMapOverlay::Drawing CPoiOverlay::Prepare(const MapViewport& viewport) {
     if (m_pois.isLoading()) {
         m_names.clear();
-        return;
+        return {};
     }
-    if (m_bHideByDiag && (m_settings.m_bTurnMap || m_settings.m_bShowPerspective)) return;
+    if (m_bHideByDiag && (m_settings.m_bTurnMap || m_settings.m_bShowPerspective)) return {};
     const QRectF box = viewport.VisibleGeoBox();
-    if (box.isEmpty()) return;
+    if (box.isEmpty()) return {};
     const ScreenProjection projection(viewport);
-    const QRectF window = painter.window();
+    const QRectF window(QPointF(0, 0), viewport.Size());
     // One icon a cell of the icons' size: the first point of a cell takes it.
     int edge = kDotEdge;
     for (const PoiFile* file : m_pois.pois().enabledFiles())
@@ -65,37 +72,45 @@ void CPoiOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
             placed.push_back({file, &*it, *at});
         }
     }
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (const Placed& p : placed) {
-        const QImage& icon = p.pFile->m_icon;
-        if (!icon.isNull()) {
-            painter.drawImage(p.at - QPointF(icon.width() / 2.0, icon.height() / 2.0), icon);
-        } else {
-            painter.setPen(QPen(Qt::white, 1.5));
-            painter.setBrush(QColor::fromRgba(kDotColour));
-            painter.drawEllipse(p.at, kDotEdge / 2.0, kDotEdge / 2.0);
-        }
-    }
-    if (int(placed.size()) <= kMaxNamed) {
-        QFont font = painter.font();
-        font.setPixelSize(m_bSmallFont ? 9 : 12);
-        painter.setFont(font);
-        for (const Placed& p : placed) {
-            if (p.pEntry->m_nNameOffset == 0) continue;
-            const QString key = p.pFile->path() + '#' + QString::number(p.pEntry->m_nNameOffset);
-            auto name = m_names.find(key);
-            if (name == m_names.end()) {
-                // An .asc name keeps its quotes in the file; on the map they are only noise.
-                QString text = PoiNameText(ReadPoiName(*p.pFile, *p.pEntry)).trimmed();
-                if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"'))
-                    text = text.mid(1, text.size() - 2);
-                name = m_names.insert(key, text);
+    std::vector<Mark> marks;
+    marks.reserve(placed.size());
+    const bool named = int(placed.size()) <= kMaxNamed;
+    for (const Placed& p : placed)
+        marks.push_back({p.pFile->m_icon, p.at, named ? Name(*p.pFile, *p.pEntry) : QString()});
+    return [marks = std::move(marks), edge, small = m_bSmallFont](QPainter& painter) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        for (const Mark& mark : marks) {
+            if (!mark.icon.isNull()) {
+                painter.drawImage(mark.at - QPointF(mark.icon.width() / 2.0, mark.icon.height() / 2.0),
+                                  mark.icon);
+            } else {
+                painter.setPen(QPen(Qt::white, 1.5));
+                painter.setBrush(QColor::fromRgba(kDotColour));
+                painter.drawEllipse(mark.at, kDotEdge / 2.0, kDotEdge / 2.0);
             }
-            if (!name->isEmpty())
-                PolylinePainting::DrawLabel(painter, p.at + QPointF(edge / 2.0 + 2, -edge / 2.0), *name,
-                                            QColor(0, 0, 0));
         }
+        QFont font = painter.font();
+        font.setPixelSize(small ? 9 : 12);
+        painter.setFont(font);
+        for (const Mark& mark : marks)
+            if (!mark.strName.isEmpty())
+                PolylinePainting::DrawLabel(painter, mark.at + QPointF(edge / 2.0 + 2, -edge / 2.0),
+                                            mark.strName, QColor(0, 0, 0));
+        painter.restore();
+    };
+}
+
+QString CPoiOverlay::Name(const PoiFile& file, const PoiEntry& entry) {
+    if (entry.m_nNameOffset == 0) return QString();
+    const QString key = file.path() + '#' + QString::number(entry.m_nNameOffset);
+    auto name = m_names.find(key);
+    if (name == m_names.end()) {
+        // An .asc name keeps its quotes in the file; on the map they are only noise.
+        QString text = PoiNameText(ReadPoiName(file, entry)).trimmed();
+        if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"'))
+            text = text.mid(1, text.size() - 2);
+        name = m_names.insert(key, text);
     }
-    painter.restore();
+    return *name;
 }

@@ -23,20 +23,21 @@ QColor CRunTrackOverlay::SpeedColour(double kmh) {
     return QColor::fromHsvF(float((1.0 - share) * 240.0 / 360.0), 1.0f, 0.85f);
 }
 
-void CRunTrackOverlay::ReadLog() {
+bool CRunTrackOverlay::ReadLog() {
     const QString path = m_doc.Log().path();
-    if (path != m_strPath) {
+    const bool otherRun = path != m_strPath;
+    if (otherRun) {
         m_strPath = path, m_nReadSize = -1;
         m_geo.clear(), m_speeds.clear();
     }
-    if (m_strPath.isEmpty()) return;
+    if (m_strPath.isEmpty()) return otherRun;
     const qint64 size = QFileInfo(m_strPath).size();
-    if (size == m_nReadSize || (m_sinceRead.isValid() && m_sinceRead.elapsed() < kRereadMs)) return;
+    if (size == m_nReadSize || (m_sinceRead.isValid() && m_sinceRead.elapsed() < kRereadMs)) return otherRun;
     m_sinceRead.start();
     QFile file(m_strPath);
     std::vector<TrackPoint> points;
     if (!file.open(QIODevice::ReadOnly) || !ReadFromFile(&file, points, m_doc.Fix(), m_doc.Clock(), true))
-        return;
+        return otherRun;
     m_nReadSize = size;
     m_geo.clear(), m_speeds.clear();
     const TrackPoint* previous = nullptr;
@@ -52,15 +53,19 @@ void CRunTrackOverlay::ReadLog() {
         m_geo.append(QPointF(point.m_dLong, point.m_dLat));
         previous = &point;
     }
+    return true;
 }
 
-void CRunTrackOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
+CMapOverlay::Drawing CRunTrackOverlay::Prepare(const MapViewport& viewport) {
     ReadLog();
-    if (m_geo.size() < 2) return;
+    if (m_geo.size() < 2) return {};
     const ScreenProjection projection(viewport);
     if (m_settings.m_bColoredGraph)
-        PolylinePainting::DrawColouredLine(
-            painter, projection, m_geo, [this](int i) { return SpeedColour(m_speeds[size_t(i)]); }, 4.0);
-    else
-        PolylinePainting::DrawLine(painter, projection, m_geo, toQColor(m_settings.m_colGraph), 3.0);
+        return [projection, geo = m_geo, speeds = m_speeds](QPainter& painter) {
+            PolylinePainting::DrawColouredLine(
+                painter, projection, geo, [&speeds](int i) { return SpeedColour(speeds[size_t(i)]); }, 4.0);
+        };
+    return [projection, geo = m_geo, colour = toQColor(m_settings.m_colGraph)](QPainter& painter) {
+        PolylinePainting::DrawLine(painter, projection, geo, colour, 3.0);
+    };
 }

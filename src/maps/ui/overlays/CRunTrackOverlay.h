@@ -21,7 +21,8 @@ public:
 
     CRunTrackOverlay(const CFendixDoc& doc, const MapDisplaySettings& settings);
 
-    void Paint(QPainter& painter, const MapViewport& viewport) override;
+    Drawing Prepare(const MapViewport& viewport) override;
+    bool Changed() override { return ReadLog(); }
     QString Title() const override { return QStringLiteral("Aktuelle Fahrt"); }
     const char* SettingName() const override { return "ShowRunTrack"; }
 
@@ -29,7 +30,8 @@ public:
     static QColor SpeedColour(double kmh);
 
 private:
-    void ReadLog();
+    // True when the way changed.
+    bool ReadLog();
 
     const CFendixDoc& m_doc;
     const MapDisplaySettings& m_settings;

@@ -9,17 +9,23 @@
 #include <QPainter>
 #include <QPainterPath>
 
-CShapeOverlay::CShapeOverlay(std::shared_ptr<ShapeLayers> layers) : m_pLayers(std::move(layers)) {}
+CShapeOverlay::CShapeOverlay(std::function<std::shared_ptr<ShapeLayers>()> layers)
+    : m_layers(std::move(layers)) {}
 
-void CShapeOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
-    if (!m_pLayers || m_pLayers->m_layers.empty()) return;
+CMapOverlay::Drawing CShapeOverlay::Prepare(const MapViewport& viewport) {
+    m_pLayers = m_layers();
+    if (!m_pLayers || m_pLayers->m_layers.empty()) return {};
+    return [viewport, layers = m_pLayers](QPainter& painter) { Draw(painter, viewport, *layers); };
+}
+
+void CShapeOverlay::Draw(QPainter& painter, const MapViewport& viewport, ShapeLayers& layers) {
     const QRectF box = viewport.VisibleGeoBox();
     if (box.isEmpty()) return;
     const ScreenProjection projection(viewport);
     const QRectF window = ScreenProjection::Around(painter.window(), 30);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    for (ShapeLayers::Layer& layer : m_pLayers->m_layers) {
+    for (ShapeLayers::Layer& layer : layers.m_layers) {
         const ShapeLayerStyle& style = layer.m_style;
         if (!style.ShowsAt(viewport.Scale())) continue;
         const std::vector<const Shape*>& shapes = layer.m_pShapes->ShapesIn(box);

@@ -2,6 +2,7 @@
 
 #include "maps/ui/CMapOverlay.h"
 
+#include <functional>
 #include <memory>
 
 struct ShapeLayers;
@@ -14,13 +15,19 @@ public:
     static constexpr int kMaxLabelled = 60;   // shapes of a layer in view that still get labels
     static constexpr size_t kMaxSmooth = 300; // more shapes of a layer in view: hairlines
 
-    // The layers are shared by the map pages (one opened copy of each file).
-    explicit CShapeOverlay(std::shared_ptr<ShapeLayers> layers);
+    // The layers are shared by the map pages (one opened copy of each file); `layers` gives them once
+    // they are open, nothing while they open.
+    explicit CShapeOverlay(std::function<std::shared_ptr<ShapeLayers>()> layers);
 
-    void Paint(QPainter& painter, const MapViewport& viewport) override;
+    Drawing Prepare(const MapViewport& viewport) override;
+    bool Changed() override { return m_layers() != m_pLayers; } // opened meanwhile
     QString Title() const override { return QStringLiteral("Shape-Ebenen"); }
     const char* SettingName() const override { return "ShowShapes"; }
 
 private:
-    std::shared_ptr<ShapeLayers> m_pLayers;
+    // On the overlay image's worker thread, the only one reading the layers.
+    static void Draw(QPainter& painter, const MapViewport& viewport, ShapeLayers& layers);
+
+    std::function<std::shared_ptr<ShapeLayers>()> m_layers;
+    std::shared_ptr<ShapeLayers> m_pLayers; // as at the last Prepare
 };

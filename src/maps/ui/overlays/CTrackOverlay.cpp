@@ -18,14 +18,16 @@ void CTrackOverlay::ReadSettings() {
     m_bNumbers = readSetting(key, TrackSettings::kTrackNumbers);
 }
 
-void CTrackOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
-    const TrackVertices& track = m_track();
-    if (track.empty()) return;
+CMapOverlay::Drawing CTrackOverlay::Prepare(const MapViewport& viewport) {
+    m_drawn = m_track();
+    if (m_drawn.empty()) return {};
     QPolygonF geo;
-    geo.reserve(qsizetype(track.size()));
-    for (const TrackVertex& vertex : track)
+    geo.reserve(qsizetype(m_drawn.size()));
+    for (const TrackVertex& vertex : m_drawn)
         geo.append(QPointF(vertex.m_dLon, vertex.m_dLat));
-    const ScreenProjection projection(viewport);
-    PolylinePainting::DrawLine(painter, projection, geo, m_colour, 3.0);
-    if (m_bNumbers) PolylinePainting::DrawNumbers(painter, projection, geo, m_colour.darker(150));
+    return [projection = ScreenProjection(viewport), geo, colour = m_colour,
+            numbers = m_bNumbers](QPainter& painter) {
+        PolylinePainting::DrawLine(painter, projection, geo, colour, 3.0);
+        if (numbers) PolylinePainting::DrawNumbers(painter, projection, geo, colour.darker(150));
+    };
 }

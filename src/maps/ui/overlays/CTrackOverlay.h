@@ -12,13 +12,15 @@ public:
     // `track` gives the track as the track page holds it now.
     explicit CTrackOverlay(std::function<const TrackVertices&()> track);
 
-    void Paint(QPainter& painter, const MapViewport& viewport) override;
+    Drawing Prepare(const MapViewport& viewport) override;
+    bool Changed() override { return m_track() != m_drawn; }
     QString Title() const override { return QStringLiteral("Track"); }
     const char* SettingName() const override { return "ShowTrack"; }
     void ReadSettings() override;
 
 private:
     std::function<const TrackVertices&()> m_track;
+    TrackVertices m_drawn; // as it was at the last Prepare
     QColor m_colour;
     bool m_bNumbers = true;
 };

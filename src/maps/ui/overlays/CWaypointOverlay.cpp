@@ -12,13 +12,20 @@ CWaypointOverlay::CWaypointOverlay(const CWaypointList& waypoints, const CGoToTa
                                    const GpsFix& fix)
     : m_waypoints(waypoints), m_target(target), m_fix(fix) {}
 
-void CWaypointOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
-    const ScreenProjection projection(viewport);
+CMapOverlay::Drawing CWaypointOverlay::Prepare(const MapViewport& viewport) {
+    if (m_waypoints.Items().empty()) return {};
+    return [projection = ScreenProjection(viewport), waypoints = m_waypoints.Items()](QPainter& painter) {
+        DrawFlags(painter, projection, waypoints);
+    };
+}
+
+void CWaypointOverlay::DrawFlags(QPainter& painter, const ScreenProjection& projection,
+                                 const Waypoints& waypoints) {
     const QRectF window = QRectF(painter.window()).adjusted(-20, -20, 20, 20);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor flag = QColor::fromRgba(kWaypointColour);
-    for (const Waypoint& waypoint : m_waypoints.Items()) {
+    for (const Waypoint& waypoint : waypoints) {
         const auto at = projection.Map(QPointF(waypoint.m_dLon, waypoint.m_dLat));
         if (!at || !window.contains(*at)) continue;
         painter.setPen(QPen(flag.darker(140), 2));
@@ -31,6 +38,13 @@ void CWaypointOverlay::Paint(QPainter& painter, const MapViewport& viewport) {
             PolylinePainting::DrawLabel(painter, *at + QPointF(12, -14), waypoint.m_strName,
                                         flag.darker(140));
     }
+    painter.restore();
+}
+
+void CWaypointOverlay::PaintLive(QPainter& painter, const MapViewport& viewport) {
+    const ScreenProjection projection(viewport);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
     double lon = 0, lat = 0;
     if (m_target.GetTarget(lon, lat)) {
         const QColor colour = QColor::fromRgba(kTargetColour);

@@ -14,8 +14,8 @@ struct ShapeLayers;
 
 // What the overlays of a map page show; each is left out while it is not given.
 struct MapOverlaySources {
-    std::shared_ptr<ShapeLayers> pShapes;
-    std::function<const TrackVertices&()> track; // the track page's track
+    std::function<std::shared_ptr<ShapeLayers>()> shapes; // the layers once opened, nothing meanwhile
+    std::function<const TrackVertices&()> track;          // the track page's track
     const PoiLoader* pPois = nullptr;
     const CWaypointList* pWaypoints = nullptr;
     const CGoToTarget* pTarget = nullptr;
