@@ -2,7 +2,9 @@
 #include "gps/share/SimulatedDrive.h"
 #include "gps/share/VantrelCommand.h"
 
+#include <QDateTime>
 #include <QList>
+#include <QTimeZone>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -55,31 +57,12 @@ double degrees(const QByteArray& value, const QByteArray& hemisphere, int degree
 
 // A receiver standing still at 48.1 N 11.5 E, one GGA, RMC and GSV a second.
 QList<QByteArray> receiverSecond(int second) {
-    const int64_t utc = 1779400000 + second;
-    return {NmeaLineBuilder("$GPGGA")
-                .utcTime(utc)
-                .latitude(48.1)
-                .longitude(11.5)
-                .text("1")
-                .text("08")
-                .text("0.9")
-                .text("520.0")
-                .text("M")
-                .text("47.0")
-                .text("M")
-                .empty(2)
-                .finish(),
-            NmeaLineBuilder("$GPRMC")
-                .utcTime(utc)
-                .text("A")
-                .latitude(48.1)
-                .longitude(11.5)
-                .text("0.0")
-                .text("0.0")
-                .utcDate(utc)
-                .empty(2)
-                .finish(),
-            "$GPGSV,1,1,01,05,40,083,46*4C\r\n"};
+    const QDateTime utc = QDateTime::fromSecsSinceEpoch(1779400000 + second, QTimeZone::UTC);
+    const QByteArray time = utc.toString("hhmmss.00").toLatin1(), date = utc.toString("ddMMyy").toLatin1();
+    return {
+        NmeaLineBuilder("$GPGGA").text(time + ",4806.0000,N,01130.0000,E,1,08,0.9,520.0,M,47.0,M,,").finish(),
+        NmeaLineBuilder("$GPRMC").text(time + ",A,4806.0000,N,01130.0000,E,0.0,0.0," + date + ",,").finish(),
+        "$GPGSV,1,1,01,05,40,083,46*4C\r\n"};
 }
 
 TEST(ShareSimulation, DrivesStraightToTheTargetAtTheSetSpeedStopsAndGivesWayAgain) {

@@ -1,7 +1,7 @@
 #include "platform/audio/NoiseLevel.h"
 #include "platform/audio/QtSoundOutput.h"
+#include "support/CoreApplication.h"
 
-#include <QCoreApplication>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
@@ -30,10 +30,7 @@ TEST(NoiseLevel, CountsQuarterDecibels) {
 }
 
 TEST(QtSoundOutput, TakesTheLouderChannelAndPlaysNothingMissing) {
-    int argc = 1;
-    char name[] = "sound_test";
-    char* argv[] = {name, nullptr};
-    QCoreApplication app(argc, argv);
+    ensureCoreApplication();
     const std::pair<uint32_t, float> cases[] = {
         {0xFFFFFFFF, 1.0f}, {0, 0.0f}, {0x7FFF7FFF, 32767 / 65535.0f}, {0x0000FFFF, 1.0f}};
     for (const auto& [volume, linear] : cases)

@@ -1,8 +1,8 @@
 #include "platform/WavFile.h"
 #include "platform/audio/SoundRecorder.h"
+#include "support/CoreApplication.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -48,10 +48,7 @@ bool soxStat(const QString& path, double& seconds, double& hz) {
 
 TEST(SoundRecord, WritesA16BitMonoWavOfWhatTheInputDelivered) {
     if (QStandardPaths::findExecutable("sox").isEmpty()) GTEST_SKIP() << "sox missing";
-    int argc = 1;
-    char name[] = "sound_record_test";
-    char* argv[] = {name, nullptr};
-    QCoreApplication app(argc, argv);
+    ensureCoreApplication();
     struct Case {
         const char* legend;
         int rate, channels;
