@@ -4,7 +4,6 @@
 
 #include <QDateTime>
 #include <QList>
-#include <QTimeZone>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -57,7 +56,7 @@ double degrees(const QByteArray& value, const QByteArray& hemisphere, int degree
 
 // A receiver standing still at 48.1 N 11.5 E, one GGA, RMC and GSV a second.
 QList<QByteArray> receiverSecond(int second) {
-    const QDateTime utc = QDateTime::fromSecsSinceEpoch(1779400000 + second, QTimeZone::UTC);
+    const QDateTime utc = QDateTime::fromSecsSinceEpoch(1779400000 + second, Qt::UTC);
     const QByteArray time = utc.toString("hhmmss.00").toLatin1(), date = utc.toString("ddMMyy").toLatin1();
     return {
         NmeaLineBuilder("$GPGGA").text(time + ",4806.0000,N,01130.0000,E,1,08,0.9,520.0,M,47.0,M,,").finish(),
