@@ -1,5 +1,6 @@
 #include "RecordingHost.h"
 #include "settings/CRegistryKey.h"
+#include "support/CalibratedMap.h"
 #include "support/Files.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -12,16 +13,7 @@ namespace {
 
 // A 300 x 200 picture with its calibration over 11..12 E, 48..49 N beside it.
 QString writeCalibratedMap(const TestRoot& root, const QString& name) {
-    const QString path = root.file(name);
-    QImage image(300, 200, QImage::Format_RGB32);
-    image.fill(Qt::darkGreen);
-    EXPECT_TRUE(image.save(path));
-    MapCalibration map(path);
-    map.SetMapSize(Size{300, 200});
-    map.SetPoint(0, Point{0, 200}, 11.0, 48.0);
-    map.SetPoint(1, Point{300, 0}, 12.0, 49.0);
-    EXPECT_TRUE(map.SaveCalibration());
-    return path;
+    return writeCalibratedMap(root.file(name), {300, 200}, {11, 48}, {12, 49});
 }
 
 QString developerLog(const TestRoot& root) {

@@ -1,40 +1,12 @@
 #include "maps/shapes/ShapeLayers.h"
 #include "support/Files.h"
+#include "support/ShapeFiles.h"
 #include "support/TestRoot.h"
 
 #include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
 #include <gtest/gtest.h>
 
 namespace {
-
-// Runs one of shapelib's own tools (Debian package shapelib); false when it is missing or fails.
-bool shapelibTool(const QString& tool, const QStringList& args) {
-    if (QStandardPaths::findExecutable(tool).isEmpty()) return false;
-    QProcess process;
-    process.start(tool, args);
-    return process.waitForFinished(10000) && process.exitCode() == 0;
-}
-
-struct Line {
-    QStringList coordinates; // "x y" pairs
-    QString name;
-};
-
-// A shapefile of `type` ("arc", "polygon", "point") with a NAME field, made by shpcreate, shpadd,
-// dbfcreate and dbfadd.
-bool makeShapefile(const QString& base, const QString& type, const std::vector<Line>& shapes) {
-    if (!shapelibTool("shpcreate", {base, type}) || !shapelibTool("dbfcreate", {base, "-s", "NAME", "20"}))
-        return false;
-    for (const Line& shape : shapes) {
-        QStringList args{base};
-        for (const QString& pair : shape.coordinates)
-            args += pair.split(' ');
-        if (!shapelibTool("shpadd", args) || !shapelibTool("dbfadd", {base, shape.name})) return false;
-    }
-    return true;
-}
 
 const char* const kWgs84Prj =
     "GEOGCS[\"GCS_WGS_1984\",DATUM[\"D_WGS_1984\",SPHEROID[\"WGS_1984\",6378137,"

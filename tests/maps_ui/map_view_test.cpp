@@ -2,10 +2,11 @@
 #include "maps/MapCalibration.h"
 #include "maps/ui/CMapView.h"
 #include "maps/ui/MapMenus.h"
-#include "nav/goto/GoToTarget.h"
 #include "nav/GeoSphere.h"
+#include "nav/goto/GoToTarget.h"
 #include "platform/DeviceClock.h"
 #include "settings/CRegistryKey.h"
+#include "support/CalibratedMap.h"
 #include "support/TestApplication.h"
 #include "support/TestData.h"
 #include "support/TestRoot.h"
@@ -16,19 +17,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-// A plain picture of `size` with a calibration from its bottom-left to its top-right corner.
-QString writeMap(const QString& path, QSize size, QPointF southWest, QPointF northEast) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::darkGreen);
-    EXPECT_TRUE(image.save(path));
-    MapCalibration map(path);
-    map.SetMapSize(Size{size.width(), size.height()});
-    map.SetPoint(0, Point{0, size.height()}, southWest.x(), southWest.y());
-    map.SetPoint(1, Point{size.width(), 0}, northEast.x(), northEast.y());
-    EXPECT_TRUE(map.SaveCalibration());
-    return path;
-}
 
 struct MapPage {
     TestRoot root;
@@ -139,8 +127,9 @@ TEST(MapView, ScreenAndGroundConvertBothWays) {
 
 TEST(MapView, TitleAndScaleFollowTheAutomaticMapChange) {
     MapPage shown({10.02, 47.815});
-    const QString town = writeMap(shown.root.file("town.png"), {400, 400}, {10.00, 47.80}, {10.04, 47.83});
-    writeMap(shown.root.file("region.png"), {400, 400}, {9.90, 47.70}, {10.30, 48.00});
+    const QString town =
+        writeCalibratedMap(shown.root.file("town.png"), {400, 400}, {10.00, 47.80}, {10.04, 47.83});
+    writeCalibratedMap(shown.root.file("region.png"), {400, 400}, {9.90, 47.70}, {10.30, 48.00});
     CMapView& view = shown.Open(town);
     shown.Settle();
     EXPECT_EQ(view.PageTitle(), "town.png");
@@ -166,8 +155,8 @@ TEST(MapView, TheMapCoversTheGroundInEveryView) {
     for (const auto& c : cases) {
         MapPage page({10.02, 47.86});
         // 13 m a pixel: the map reaches behind the viewer, where a perspective turns over.
-        CMapView& view =
-            page.Open(writeMap(page.root.file("map.png"), {800, 800}, {9.95, 47.75}, {10.09, 47.88}));
+        CMapView& view = page.Open(
+            writeCalibratedMap(page.root.file("map.png"), {800, 800}, {9.95, 47.75}, {10.09, 47.88}));
         MapDisplaySettings settings = view.DisplaySettings();
         settings.m_bShowPerspective = c.perspective, settings.m_bTurnMap = c.turn;
         view.ChangeDisplaySettings(settings);
@@ -186,7 +175,8 @@ TEST(MapView, TheMapCoversTheGroundInEveryView) {
 
 TEST(MapView, HiddenPagesLetGoOfTheirImages) {
     MapPage page({10.02, 47.815});
-    CMapView& view = page.Open(writeMap(page.root.file("map.png"), {300, 300}, {10.0, 47.8}, {10.04, 47.83}));
+    CMapView& view =
+        page.Open(writeCalibratedMap(page.root.file("map.png"), {300, 300}, {10.0, 47.8}, {10.04, 47.83}));
     page.Settle();
     ASSERT_TRUE(view.Catalogue().CurrentMap()->HasImage());
     view.DropCachedData();
@@ -200,7 +190,7 @@ TEST(MapView, BadMapsGiveAStatusText) {
     TestRoot files;
     const QString noImage = files.file("text.kal");
     QFile(noImage).open(QIODevice::WriteOnly);
-    writeMap(files.file("gone.png"), {50, 50}, {10, 47}, {10.1, 47.1});
+    writeCalibratedMap(files.file("gone.png"), {50, 50}, {10, 47}, {10.1, 47.1});
     QFile::remove(files.file("gone.png"));
     QDir().mkpath(files.file("empty"));
     QFile::copy(testDataDir() + "/maps/images/huge-header.png", files.file("huge.png"));

@@ -12,13 +12,12 @@
 #include "nav/waypoints/WaypointList.h"
 #include "platform/DeviceClock.h"
 #include "support/Files.h"
+#include "support/ShapeFiles.h"
 #include "support/TestApplication.h"
 #include "support/TestRoot.h"
 
 #include <QDir>
 #include <QPainter>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTest>
 #include <cmath>
 #include <functional>
@@ -43,18 +42,11 @@ TrackVertex vertex(double east, double north) {
 
 // A red line layer across the view 130 m south of the fix, made with shapelib's own tools.
 bool makeRoadLayer(const TestRoot& root) {
-    const QString base = root.file("roads");
-    const QPointF west = offset(-180, -130), east = offset(180, -130);
-    const auto run = [](const QString& tool, const QStringList& args) {
-        if (QStandardPaths::findExecutable(tool).isEmpty()) return false;
-        QProcess process;
-        process.start(tool, args);
-        return process.waitForFinished(10000) && process.exitCode() == 0;
+    const auto pair = [](QPointF at) {
+        return QString("%1 %2").arg(at.x(), 0, 'f', 9).arg(at.y(), 0, 'f', 9);
     };
-    if (!run("shpcreate", {base, "arc"}) || !run("dbfcreate", {base, "-s", "NAME", "10"}) ||
-        !run("shpadd", {base, QString::number(west.x(), 'f', 9), QString::number(west.y(), 'f', 9),
-                        QString::number(east.x(), 'f', 9), QString::number(east.y(), 'f', 9)}) ||
-        !run("dbfadd", {base, "B1"}))
+    if (!makeShapefile(root.file("roads"), "arc",
+                       {{{pair(offset(-180, -130)), pair(offset(180, -130))}, "B1"}}))
         return false;
     writeFile(root.file("Tarvik.gsh"), "[Straßen]\nFile = roads.shp\nColor = Color(200,0,0)\nWidth = 3\n");
     return true;
