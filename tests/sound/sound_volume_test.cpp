@@ -36,7 +36,6 @@ TEST(VolumeRules, FollowsSpeedNoiseAndBaseVolume) {
         {"base 75: 55 + (25*90)/50", settings(true), {60.0f, false, 0, 75}, "100 % (60 km/h)"},
         {"base 60: 55 + (10*90)/50", settings(true), {60.0f, false, 0, 60}, "73 % (60 km/h)"},
         {"base 25: (25*55)/50 truncated", settings(true), {60.0f, false, 0, 25}, "27 % (60 km/h)"},
-        {"sound off mutes", settings(true), {60.0f, false, 0, 50, false}, "0 % (60 km/h)"},
     };
     for (const auto& c : cases) {
         const VolumeChange change = computeVolume(c.settings, c.input, false);
