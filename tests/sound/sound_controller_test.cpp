@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace {
 
@@ -41,8 +42,8 @@ struct Sounds {
     GpsFix fix;
     RecordingSound output;
     FixedNoise noise;
-    SoundController controller;
-    explicit Sounds(const TestRoot& root) : controller(output, noise, root.root(), fix) {}
+    std::optional<SoundController> controller;
+    explicit Sounds(const TestRoot& root) { controller.emplace(output, noise, root.root(), fix); }
 };
 
 // When the document calls these hooks is tested with the document (tests/gps).
@@ -60,10 +61,10 @@ TEST(SoundController, PlaysTheAlertsThatAreOn) {
         for (const char* flag : {"NSSound", "SignalSound", "NoDataSound"})
             CRegistryKey().WriteFlag(flag, c.bOn);
         Sounds sounds(root);
-        sounds.controller.loadSettings();
-        sounds.controller.playNoFixSound();
-        sounds.controller.playSignalSound();
-        sounds.controller.playNoDataSound();
+        sounds.controller->loadSettings();
+        sounds.controller->playNoFixSound();
+        sounds.controller->playSignalSound();
+        sounds.controller->playNoDataSound();
         EXPECT_EQ(sounds.output.played.join(' ').toStdString(), c.played) << c.legend;
     }
 }
@@ -77,11 +78,11 @@ TEST(SoundController, FollowsTheSpeedOnEachValidEpoch) {
         writeFile(root.file(QString("My Documents/SpeedWaves/") + name), {});
     Sounds sounds(root);
     QStringList labels;
-    sounds.controller.setVolumeLabelSink([&labels](const QString& label) { labels << label; });
-    sounds.controller.loadSettings();
+    sounds.controller->setVolumeLabelSink([&labels](const QString& label) { labels << label; });
+    sounds.controller->loadSettings();
     for (float speed : {29.6f, 30.0f, 60.0f, 45.0f}) {
         sounds.fix.m_fSpeed = speed;
-        sounds.controller.validEpoch(int(speed));
+        sounds.controller->validEpoch(int(speed));
     }
     EXPECT_EQ(sounds.output.played.join(' ').toStdString(), "30.wav 50.wav 30.wav");
     EXPECT_EQ(labels.join('|').toStdString(),
@@ -101,17 +102,13 @@ TEST(SoundController, StartsFromTheSettingsAndMeasuresNoiseWhileDynaSoundIsSet) 
         CRegistryKey key;
         key.WriteByte("DynaSound", uint8_t(dynaSound));
         key.WriteDword("WaveVolume", waveVolumeOf(30));
-        GpsFix fix;
-        RecordingSound output;
-        FixedNoise noise;
-        noise.nLevel = 50;
-        {
-            SoundController sounds(output, noise, root.root(), fix);
-            sounds.loadSettings();
-            EXPECT_EQ(sounds.volumeLabel().toStdString(), label) << legend;
-            EXPECT_EQ(noise.bRunning, dynaSound != 0) << legend;
-        }
-        EXPECT_FALSE(noise.bRunning) << legend << ": stopped at the end";
+        Sounds sounds(root);
+        sounds.noise.nLevel = 50;
+        sounds.controller->loadSettings();
+        EXPECT_EQ(sounds.controller->volumeLabel().toStdString(), label) << legend;
+        EXPECT_EQ(sounds.noise.bRunning, dynaSound != 0) << legend;
+        sounds.controller.reset();
+        EXPECT_FALSE(sounds.noise.bRunning) << legend << ": stopped at the end";
     }
 }
 
