@@ -5,10 +5,8 @@
 #include "support/Files.h"
 #include "support/TestData.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 #include <thread>
 
 namespace {

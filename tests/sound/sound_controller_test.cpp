@@ -6,8 +6,6 @@
 #include "support/Files.h"
 #include "support/TestRoot.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
 #include <optional>

@@ -3,8 +3,6 @@
 #include "support/Files.h"
 #include "support/TestRoot.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
 
