@@ -1,9 +1,9 @@
-#include "CoreApplication.h"
 #include "LoopbackHttpServer.h"
 #include "integrations/livepos/CLiveposSender.h"
 #include "integrations/livepos/LiveposQueue.h"
 #include "integrations/livepos/LiveposSettings.h"
 #include "settings/CRegistryKey.h"
+#include "support/CoreApplication.h"
 #include "support/ForkedChild.h"
 #include "support/TestRoot.h"
 
@@ -22,7 +22,7 @@ QString fixedPosition(const QString& text) {
     QString out = text;
     out.replace("%Long:2%", "E 11.570000").replace("%Lat:2%", "N 48.140000");
     out.replace("%Long:3%", "11.57").replace("%Lat:3%", "48.14");
-    out.replace("%GPSTime%", "2023-11-14 22:13:20").replace("%Altitude%", "520").replace("%HDOP%", "0.9");
+    out.replace("%Altitude%", "520").replace("%HDOP%", "0.9");
     return out;
 }
 
@@ -36,8 +36,6 @@ struct Rig {
         ensureCoreApplication();
         CRegistryKey key;
         writeSetting(key, LiveposSettings::kNickName, "Hans");
-        writeSetting(key, LiveposSettings::kPassword, "geheim");
-        writeSetting(key, LiveposSettings::kComment, "Auf dem Weg");
         writeSetting(key, LiveposSettings::kUrlSendPos,
                      sendTemplate.isEmpty()
                          ? server.Base() + "/Livepos/sendpos.php?Name=%NickName%&Long=%Long:2%"
@@ -70,10 +68,6 @@ TEST(LiveposSend, RequestLineOfEachTemplate) {
         QString expected;
     };
     const Case cases[] = {
-        {"the service's default", LiveposSettings::kUrlSendPos.m_default, "Hans",
-         "GET "
-         "/Livepos/sendpos.php?Name=Hans&PW=geheim&Long=E%2011.570000&Lat=N%2048.140000&GPSTime=2023-11-14%"
-         "2022:13:20&Comment=Auf%20dem%20Weg HTTP/1.1"},
         {"Traccar, OsmAnd protocol", LiveposUrl::TraccarTemplate("{base}/"), "Hans",
          "GET "
          "/?id=Hans&lat=48.14&lon=11.57&timestamp=1700000000&speed=54.0&bearing=90.0&altitude=520&hdop=0.9 "
@@ -85,7 +79,7 @@ TEST(LiveposSend, RequestLineOfEachTemplate) {
         SCOPED_TRACE(c.legend);
         Rig rig;
         QString templ = c.templ;
-        templ.replace("{base}", rig.server.Base()).replace(LiveposSettings::kServiceHost, rig.server.Base());
+        templ.replace("{base}", rig.server.Base());
         CRegistryKey key;
         writeSetting(key, LiveposSettings::kUrlSendPos, templ);
         writeSetting(key, LiveposSettings::kNickName, QString::fromUtf8(c.nickName));
@@ -166,10 +160,10 @@ TEST(LiveposSend, MissingNickNameStopsEverySend) {
 // Failed sends survive a killed process and go out newest first once the server answers; none twice.
 TEST(LiveposSend, QueueSurvivesKillAndDrainsNewestFirst) {
     Rig rig;
-    const QString refused = QString("http://127.0.0.1:%1/s?n=").arg(LoopbackHttpServer::ClosedPort());
+    rig.server.SetAnswer(500, "Fehler");
     const pid_t child = forkAndHold([&] {
         for (int i = 1; i <= 3; ++i)
-            rig.sender->SendNow(refused + QString::number(i));
+            rig.sender->SendNow(rig.server.Base() + "/q?n=" + QString::number(i));
     });
     ASSERT_GT(child, 0);
     kill(child, SIGKILL);
@@ -177,18 +171,10 @@ TEST(LiveposSend, QueueSurvivesKillAndDrainsNewestFirst) {
 
     LiveposQueue queue(LiveposQueue::DefaultPath(rig.root.root()));
     ASSERT_EQ(queue.Entries().size(), 3);
-    // The queued addresses point at the refused port; send them to the live server instead.
-    QStringList moved;
-    for (QString entry : queue.Entries())
-        moved << entry.replace(refused, rig.server.Base() + "/q?n=");
-    while (queue.PopLatest()) {
-    }
-    for (const QString& entry : moved)
-        queue.Push(entry);
-
+    rig.server.SetAnswer(200, "OK\n");
     EXPECT_TRUE(rig.sender->SendNow(rig.server.Base() + "/now").bOk);
     EXPECT_TRUE(rig.sender->SendNow(rig.server.Base() + "/later").bOk);
-    EXPECT_EQ(rig.server.Requests(),
+    EXPECT_EQ(rig.server.Requests().mid(3),
               (QStringList{"GET /now HTTP/1.1", "GET /q?n=3 HTTP/1.1", "GET /q?n=2 HTTP/1.1",
                            "GET /q?n=1 HTTP/1.1", "GET /later HTTP/1.1"}));
     EXPECT_TRUE(queue.Entries().isEmpty());

@@ -1,10 +1,10 @@
-#include "CoreApplication.h"
 #include "gps/sources/SourceSettings.h"
 #include "integrations/TmcStatus.h"
 #include "integrations/tmc/CTmcReceiver.h"
 #include "integrations/tmc/TmcSettings.h"
 #include "integrations/tmc/TmcTimers.h"
 #include "settings/CRegistryKey.h"
+#include "support/CoreApplication.h"
 #include "support/Files.h"
 #include "support/TestRoot.h"
 
@@ -70,18 +70,14 @@ TEST(TmcReceiver, StartsOnThePortAndSpeedOfTheDocument) {
         int documentPort;
         QStringList expected;
     };
+    const QString filter = "GpsTmc_SetStationFilter(0 0)", tuner = "GpsTmc_ControlTuner(79 0)";
     const Case cases[] = {
-        {"document port, its baud rate",
-         "9600",
-         -1,
-         3,
-         {"GpsTmc_Init(3 9600 0x6ff00)", "GpsTmc_SetStationFilter(0 0)", "GpsTmc_ControlTuner(79 0)"}},
-        {"splitter port; the document's port is the alternate one at 4800",
+        {"document port, its baud rate", "9600", -1, 3, {"GpsTmc_Init(3 9600 0x6ff00)", filter, tuner}},
+        {"splitter port; the document's is the alternate",
          "9600",
          5,
          3,
-         {"GpsTmc_Init(5 9600 0x6ff00)", "GpsTmc_SetStationFilter(0 0)", "GpsTmc_AlternateGpsPort(3 4800)",
-          "GpsTmc_ControlTuner(79 0)"}},
+         {"GpsTmc_Init(5 9600 0x6ff00)", filter, "GpsTmc_AlternateGpsPort(3 4800)", tuner}},
         {"port 0 is outside 1..9: no start", "4800", -1, 0, {}},
         {"not a serial source: no start", "4800", -1, -1, {}},
     };

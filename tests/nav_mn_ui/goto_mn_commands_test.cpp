@@ -13,6 +13,9 @@
 // fix from the navigation program, "Übernehme GPS Position" takes its map centre.
 TEST(CGoToView, TakesTheNavigationProgramsPositions) {
     ensureApplication();
+    const char* const kCentre = "Übernehme MN Kartenmittelpunkt Koordinaten";
+    const char* const kClick = "Position vom letzen MN Klick";
+    const char* const kGps = "Übernehme GPS Position";
     struct Case {
         const char* legend;
         const char* command;
@@ -21,42 +24,12 @@ TEST(CGoToView, TakesTheNavigationProgramsPositions) {
         bool enabled;
         const char* name; // of the target afterwards; empty: none set
     } cases[] = {
-        {"map centre",
-         "Übernehme MN Kartenmittelpunkt Koordinaten",
-         GeoPosition{48.2, 11.5},
-         {},
-         false,
-         true,
-         "MN Map Position"},
-        {"no map centre",
-         "Übernehme MN Kartenmittelpunkt Koordinaten",
-         {},
-         GeoPosition{1, 2},
-         false,
-         false,
-         ""},
-        {"last click",
-         "Position vom letzen MN Klick",
-         {},
-         GeoPosition{48.2, 11.5},
-         false,
-         true,
-         "MN Position: (01.05.2024 09:05)"},
-        {"no click", "Position vom letzen MN Klick", GeoPosition{1, 2}, {}, false, false, ""},
-        {"GPS position from the navigation program's map",
-         "Übernehme GPS Position",
-         GeoPosition{48.2, 11.5},
-         {},
-         true,
-         true,
-         "Tarvik Pos: 01.05.2024 09:05"},
-        {"no fix from a receiver: nothing",
-         "Übernehme GPS Position",
-         GeoPosition{48.2, 11.5},
-         {},
-         false,
-         true,
-         ""},
+        {"map centre", kCentre, GeoPosition{48.2, 11.5}, {}, false, true, "MN Map Position"},
+        {"no map centre", kCentre, {}, GeoPosition{1, 2}, false, false, ""},
+        {"last click", kClick, {}, GeoPosition{48.2, 11.5}, false, true, "MN Position: (01.05.2024 09:05)"},
+        {"no click", kClick, GeoPosition{1, 2}, {}, false, false, ""},
+        {"GPS from the map", kGps, GeoPosition{48.2, 11.5}, {}, true, true, "Tarvik Pos: 01.05.2024 09:05"},
+        {"no fix from a receiver: nothing", kGps, GeoPosition{48.2, 11.5}, {}, false, true, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.legend);

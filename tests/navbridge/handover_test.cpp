@@ -22,6 +22,8 @@ QStringList relative(const TestRoot& root, const QStringList& files) {
 TEST(DestinationHandOver, WritesTheFilesOfEachKind) {
     const QByteArray wiesn = "M\xc3\xbc"
                              "nchner Wiesn";
+    const QByteArray ini = "[DestList]\n0 = 2|11.549670|48.135480|" + wiesn + "|Tarvik Ziel|||||<UDD>|\n";
+    const QByteArray rte = "-|-|-|-|-|-|-|-|-|-|11.54967|48.13548|-|\n";
     struct Case {
         const char* legend;
         int kind;
@@ -37,16 +39,12 @@ TEST(DestinationHandOver, WritesTheFilesOfEachKind) {
         {"MobileNavigator 5: Routenpunkte.ini and the route file with the blank in its name",
          NavProgramKind::kMN5,
          "\\Storage Card\\MobileNavigator5\\MN.exe",
-         {{"Storage Card/MobileNavigator5/Routenpunkte.ini",
-           "[DestList]\n0 = 2|11.549670|48.135480|" + wiesn + "|Tarvik Ziel|||||<UDD>|\n"},
-          {"Storage Card/MobileNavigator5/Routes/ Tarvik.rte",
-           "-|-|-|-|-|-|-|-|-|-|11.54967|48.13548|-|\n"}}},
+         {{"Storage Card/MobileNavigator5/Routenpunkte.ini", ini},
+          {"Storage Card/MobileNavigator5/Routes/ Tarvik.rte", rte}}},
         {"MobileNavigator with class Pwc80 at the root",
          NavProgramKind::kMNPwc80,
          "\\MN.exe",
-         {{"Routenpunkte.ini",
-           "[DestList]\n0 = 2|11.549670|48.135480|" + wiesn + "|Tarvik Ziel|||||<UDD>|\n"},
-          {"Routes/ Tarvik.rte", "-|-|-|-|-|-|-|-|-|-|11.54967|48.13548|-|\n"}}},
+         {{"Routenpunkte.ini", ini}, {"Routes/ Tarvik.rte", rte}}},
         {"TomTom without its SDK window: nothing", NavProgramKind::kTomTom, "", {}},
     };
     for (const Case& c : cases) {
@@ -83,24 +81,17 @@ TEST(DestinationHandOver, AppendsTomTomCalls) {
 // Programs started with a command line: Falk's Mercator metres (values of `tarvik-tool grid merc`), the
 // desktop's geo: link; a failed start reports the system's error.
 TEST(DestinationHandOver, StartsProgramsWithTheirArguments) {
+    namespace K = NavProgramKind;
+    const QStringList falk{"@/Falk/falk", "-e", "1284267,6122578"};
     struct Case {
         const char* legend;
         int kind;
         bool startWorks;
         QStringList expectedLine;
-        bool ok;
     } cases[] = {
-        {"Falk", NavProgramKind::kFalkMarcoPolo, true, {"@/Falk/falk", "-e", "1284267,6122578"}, true},
-        {"the desktop",
-         NavProgramKind::kSystemDefault,
-         true,
-         {"xdg-open", "geo:48.13548,11.54967?q=Ziel%20%231"},
-         true},
-        {"a failed start",
-         NavProgramKind::kFalkMarcoPolo,
-         false,
-         {"@/Falk/falk", "-e", "1284267,6122578"},
-         false},
+        {"Falk", K::kFalkMarcoPolo, true, falk},
+        {"desktop", K::kSystemDefault, true, {"xdg-open", "geo:48.13548,11.54967?q=Ziel%20%231"}},
+        {"a failed start", K::kFalkMarcoPolo, false, falk},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.legend);
@@ -118,8 +109,8 @@ TEST(DestinationHandOver, StartsProgramsWithTheirArguments) {
         QStringList expected = c.expectedLine;
         expected.replaceInStrings(QStringLiteral("@"), root.path());
         EXPECT_EQ(started, expected);
-        EXPECT_EQ(result.bOk, c.ok);
-        EXPECT_EQ(result.error.isEmpty(), c.ok);
+        EXPECT_EQ(result.bOk, c.startWorks);
+        EXPECT_EQ(result.error.isEmpty(), c.startWorks);
         EXPECT_TRUE(result.files.isEmpty());
     }
 }

@@ -13,12 +13,9 @@ TEST(NavInfoFile, FoundBesideTheNavigationProgramFirst) {
         QStringList present;  // below the root
         const char* expected; // below the root; empty for none
     } cases[] = {
-        {"both: the navigation program's",
-         "\\Navi\\",
-         {"Navi/MNInfo.ini", "Tarvik/MNInfo.ini"},
-         "Navi/MNInfo.ini"},
+        {"both: the navigator's", "\\Navi\\", {"Navi/MNInfo.ini", "Tarvik/MNInfo.ini"}, "Navi/MNInfo.ini"},
         {"only the program folder's", "\\Navi\\", {"Tarvik/MNInfo.ini"}, "Tarvik/MNInfo.ini"},
-        {"no navigation program known", "", {"Navi/MNInfo.ini", "Tarvik/MNInfo.ini"}, "Tarvik/MNInfo.ini"},
+        {"no navigation program", "", {"Navi/MNInfo.ini", "Tarvik/MNInfo.ini"}, "Tarvik/MNInfo.ini"},
         {"slashes as the user typed them", "/Navi/", {"Navi/MNInfo.ini"}, "Navi/MNInfo.ini"},
         {"none at all", "\\Navi\\", {}, ""},
     };

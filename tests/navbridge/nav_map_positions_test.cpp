@@ -30,17 +30,13 @@ TEST(NavigationBridge, MapCentreAndLastClickFromThePositionFile) {
         if (c.file) writeFile(root.file("My Documents/MNPosition.txt"), c.file);
         NavigationTarget target;
         NavigationBridge bridge(root.root(), target);
-        const auto centre = bridge.MapCentre();
-        const auto click = bridge.LastClick();
-        ASSERT_EQ(centre.has_value(), c.centre.has_value());
-        ASSERT_EQ(click.has_value(), c.click.has_value());
-        if (c.centre) {
-            EXPECT_NEAR(centre->m_dPosLat, c.centre->m_dPosLat, 1e-9);
-            EXPECT_NEAR(centre->m_dPosLong, c.centre->m_dPosLong, 1e-9);
-        }
-        if (c.click) {
-            EXPECT_NEAR(click->m_dPosLat, c.click->m_dPosLat, 1e-9);
-            EXPECT_NEAR(click->m_dPosLong, c.click->m_dPosLong, 1e-9);
+        for (const auto& [got, expected] :
+             {std::pair{bridge.MapCentre(), c.centre}, {bridge.LastClick(), c.click}}) {
+            ASSERT_EQ(got.has_value(), expected.has_value());
+            if (expected) {
+                EXPECT_NEAR(got->m_dPosLat, expected->m_dPosLat, 1e-9);
+                EXPECT_NEAR(got->m_dPosLong, expected->m_dPosLong, 1e-9);
+            }
         }
     }
 }

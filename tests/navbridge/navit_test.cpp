@@ -40,8 +40,9 @@ bool onPrivateBus() {
 
 } // namespace
 
-// The destination arrives longitude first as "geo: LON LAT" with its name; zoom goes as +2 and -2.
-TEST(NavitClient, SendsDestinationAndZoom) {
+// The destination arrives longitude first as "geo: LON LAT" with its name; zoom goes as +2 and -2;
+// Navit's map centre comes in its Mercator metres and reads back as degrees.
+TEST(NavitClient, SendsDestinationAndZoomAndReadsTheMapCentre) {
     if (!onPrivateBus()) GTEST_SKIP() << "runs under dbus-run-session only";
     const NavitStandIn navit({});
     ASSERT_TRUE(NavitStandIn::isRegistered());
@@ -51,6 +52,10 @@ TEST(NavitClient, SendsDestinationAndZoom) {
     EXPECT_TRUE(client.Zoom(-2));
     EXPECT_EQ(QString::fromUtf8(readFile(navit.record())),
               QStringLiteral("set_destination|geo: 11.549670 48.135480|Münchner Wiesn\nzoom|2\nzoom|-2\n"));
+    const auto centre = client.MapCentre();
+    ASSERT_TRUE(centre.has_value());
+    EXPECT_NEAR(centre->m_dPosLong, 11.54967, 1e-5);
+    EXPECT_NEAR(centre->m_dPosLat, 48.13548, 1e-5);
 }
 
 // A Navit that hangs, and none at all: the call gives up after its time-out with a reason.
@@ -67,15 +72,4 @@ TEST(NavitClient, GivesUpOnAHangingOrMissingNavit) {
         EXPECT_LT(timer.elapsed(), 2000);
         EXPECT_FALSE(client.LastError().isEmpty());
     }
-}
-
-// Navit's map centre comes in its Mercator metres and reads back as degrees.
-TEST(NavitClient, ReadsTheMapCentre) {
-    if (!onPrivateBus()) GTEST_SKIP() << "runs under dbus-run-session only";
-    const NavitStandIn navit({});
-    ASSERT_TRUE(NavitStandIn::isRegistered());
-    const auto centre = NavitClient().MapCentre();
-    ASSERT_TRUE(centre.has_value());
-    EXPECT_NEAR(centre->m_dPosLong, 11.54967, 1e-5);
-    EXPECT_NEAR(centre->m_dPosLat, 48.13548, 1e-5);
 }

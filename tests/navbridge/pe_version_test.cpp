@@ -74,10 +74,8 @@ TEST(PeFileVersion, ReadsTheFixedFileInfo) {
         const QByteArray image = tinyExecutable(5, 2, 1234, 77, pe32Plus);
         const auto version = readPeFileVersion(image);
         ASSERT_TRUE(version);
-        EXPECT_EQ(version->major, 5);
-        EXPECT_EQ(version->minor, 2);
-        EXPECT_EQ(version->build, 1234);
-        EXPECT_EQ(version->revision, 77);
+        EXPECT_EQ(std::tuple(version->major, version->minor, version->build, version->revision),
+                  std::tuple(5, 2, 1234, 77));
         for (qsizetype length = 0; length < image.size(); ++length)
             EXPECT_FALSE(readPeFileVersion(image.left(length))) << length;
     }

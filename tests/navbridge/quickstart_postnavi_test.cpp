@@ -54,16 +54,8 @@ TEST(PostNaviStart, StartsTheProgramAfterTheNavigator) {
         QStringList expected;
     } cases[] = {
         {"plain program", "/Programme/x.exe", true, false, {"start \\Programme\\x.exe"}},
-        {"POI warner",
-         "/Programme/POIWarner/pw.exe",
-         true,
-         false,
-         {"start \\Programme\\POIWarner\\pw.exe", "warner", "front"}},
-        {"POI warner without its window",
-         "\\PW\\Warner.exe",
-         false,
-         false,
-         {"start \\PW\\Warner.exe", "warner"}},
+        {"POI warner", "/POIWarner/pw.exe", true, false, {"start \\POIWarner\\pw.exe", "warner", "front"}},
+        {"warner without its window", "\\PW\\Warner.exe", false, false, {"start \\PW\\Warner.exe", "warner"}},
         {"stopped while waiting", "/x.exe", true, true, {}},
     };
     for (const Case& c : cases) {

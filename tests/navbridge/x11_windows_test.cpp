@@ -27,6 +27,7 @@ protected:
 // The window search by title and class: the first match wins, "GPS Navigator" is skipped, the title
 // counts only up to 32 characters, and with a window manager's client list only its windows count.
 TEST_F(X11WindowsTest, FindsTheNavigationProgramsWindow) {
+    namespace K = NavProgramKind;
     struct Window {
         const char* title;
         const char* className;
@@ -39,27 +40,11 @@ TEST_F(X11WindowsTest, FindsTheNavigationProgramsWindow) {
         int expectedWindow; // index, -1 none
         int expectedKind;
     } cases[] = {
-        {"GPS tool skipped, then MobileNavigator with class Pwc80",
-         {{"GPS Navigator", "X"}, {"MobNav", "Pwc80Frame"}},
-         false,
-         1,
-         NavProgramKind::kMNPwc80},
-        {"TomTom with its SDK class",
-         {{"Editor", "Kate"}, {"TomTom Navigator 6", "MunichWinClass"}},
-         false,
-         1,
-         NavProgramKind::kTomTomSdk},
-        {"Navit by its title in WM_NAME", {{"Navit", "navit"}}, false, 0, NavProgramKind::kNavit},
-        {"only other programs",
-         {{"Editor", "Kate"}, {"Terminal with a rather long title Navigator", "X"}},
-         false,
-         -1,
-         0},
-        {"the client list leaves the first navigator out",
-         {{"Falk Navigator", "X", false}, {"Marco Polo", "Y"}},
-         true,
-         1,
-         NavProgramKind::kFalkMarcoPolo},
+        {"Pwc80 after GPS tool", {{"GPS Navigator", "X"}, {"MobNav", "Pwc80Frame"}}, false, 1, K::kMNPwc80},
+        {"TomTom SDK", {{"Kate", "Kate"}, {"TomTom Navigator 6", "MunichWinClass"}}, false, 1, K::kTomTomSdk},
+        {"Navit by its title in WM_NAME", {{"Navit", "navit"}}, false, 0, K::kNavit},
+        {"others", {{"Editor", "Kate"}, {"Terminal with a rather long title Navigator", "X"}}, false, -1, 0},
+        {"client list", {{"Falk Navigator", "X", false}, {"Marco Polo", "Y"}}, true, 1, K::kFalkMarcoPolo},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.legend);

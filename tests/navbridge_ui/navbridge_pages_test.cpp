@@ -78,9 +78,9 @@ TEST(CMNAddOnPage, WritesSettingsAndWarns) {
         if (spin->suffix() == QStringLiteral(" s")) spin->setValue(90);
     EXPECT_GE(changes, 1);
     const QStringList lines = root.settingsLines();
-    EXPECT_TRUE(lines.contains("\"MNInfo\"=hex:01")) << lines.join('\n').toStdString();
-    EXPECT_TRUE(lines.contains("\"AutoAnnouncement\"=dword:0000005a")) << lines.join('\n').toStdString();
-    EXPECT_TRUE(lines.contains("\"MNInfoText\"=\"%Speed% km/h\"")) << lines.join('\n').toStdString();
+    for (const char* line :
+         {"\"MNInfo\"=hex:01", "\"AutoAnnouncement\"=dword:0000005a", "\"MNInfoText\"=\"%Speed% km/h\""})
+        EXPECT_TRUE(lines.contains(line)) << lines.join('\n').toStdString();
 }
 
 // One button a target; a tap hands that target over; a failed hand-over shows "Last Error".

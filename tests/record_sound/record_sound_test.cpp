@@ -100,12 +100,8 @@ TEST(RecordSound, SavesWhereTheAlertOrSpeedTableTakesItUp) {
         EXPECT_EQ(QDir::cleanPath(saved.first().first().toString()), path);
         WavFile::Info info;
         ASSERT_EQ(WavFile::readInfo(path, info), QString());
-        EXPECT_EQ(QString("%1 %2 %3 %4")
-                      .arg(info.m_nRate)
-                      .arg(info.m_nChannels)
-                      .arg(info.m_nBits)
-                      .arg(info.m_dSeconds),
-                  "8000 1 16 0.5");
+        EXPECT_EQ(std::tuple(info.m_nRate, info.m_nChannels, info.m_nBits, info.m_dSeconds),
+                  std::tuple(8000, 1, 16, 0.5));
         if (!c.alertFile) { // the speed table finds the band at once
             SpeedSoundTable table;
             table.load(key, root.root());
