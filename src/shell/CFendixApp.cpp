@@ -43,7 +43,6 @@
 #include "nav/ui/CNextPoiView.h"
 #include "nav/ui/CPOIView.h"
 #include "nav/waypoints/WaypointList.h"
-#include "platform/BatteryStatus.h"
 #include "platform/EvdevKeys.h"
 #include "platform/audio/QtNoiseMeter.h"
 #include "platform/audio/QtSoundOutput.h"
@@ -101,7 +100,7 @@ bool CFendixApp::InitInstance(bool bFullScreen, const QString& startPage) {
     }
     connect(m_pTarget.get(), &CGoToTarget::changed, this, &CFendixApp::SendSimulationTarget);
     m_pBridge = std::make_unique<NavigationBridge>(m_root, m_navTarget);
-    m_pServices = std::make_unique<IntegrationServices>(m_root, m_clock, *m_pDoc, *m_pTarget);
+    m_pServices = std::make_unique<IntegrationServices>(m_root, m_clock, *m_pDoc, *m_pTarget, m_navTarget);
     m_pFrame = std::make_unique<CMainFrame>(MakePages());
     m_pDoc->SetPageHooks(m_pFrame.get());
     connect(m_pFrame.get(), &CMainFrame::pagesRedrawn, m_pServices.get(), &IntegrationServices::OnUpdate);
@@ -326,18 +325,8 @@ PageFactory CFendixApp::MakePages() {
     pages.add(PageTable::kAlerts,
               [this](QWidget* parent) { return new CModuleAlerts(AlertActions(), parent); });
     pages.setUserPageCreator([this](const UserPageSlot& slot, QWidget* parent) {
-        const auto sources = [this] {
-            return TemplateSources{m_pDoc.get(), m_pTarget.get(),      nullptr,
-                                   nullptr,      readBatteryPercent(), m_clock.localNow()};
-        };
-        // A page name selects that page; the other actions are only noted until hotkey actions run them.
-        const auto action = [this](const QString& name) {
-            if (m_pFrame->PageNames().contains(name))
-                m_pFrame->SelectPageByName(name);
-            else
-                devLog("Page action %s", name.toUtf8().constData());
-        };
-        auto* page = new CModuleCustom(sources, action, parent);
+        auto* page = new CModuleCustom([this] { return m_pServices->Sources(); },
+                                       [this](const QString& action) { RunElementAction(action); }, parent);
         page->LoadPage(slot.file);
         return page;
     });
@@ -388,6 +377,14 @@ void CFendixApp::SendSimulationTarget() {
     const QByteArray text = VantrelSimulationText(lon, lat, VantrelSimulationOn());
     devLog("Set Vantrel Target: %s", text.constData());
     m_pSource->controller().writeToPort(text);
+}
+
+void CFendixApp::RunElementAction(const QString& action) {
+    // A bare page name selects that page; everything else is a hotkey action ("<Screenshot>", "<page>").
+    if (m_pFrame->PageNames().contains(action))
+        m_pFrame->SelectPageByName(action);
+    else
+        m_pActions->Perform(action);
 }
 
 void CFendixApp::HandToNavigation(double lon, double lat, const QString& name) {
@@ -450,20 +447,12 @@ void CFendixApp::StartNavigationProgram() {
         m_pBridge->FindNavigationWindow();
         return m_pBridge->WindowFrame();
     };
-    overlay.expand = [this](const QString& text) {
-        TemplateSources sources;
-        sources.pDoc = m_pDoc.get();
-        sources.pGoTo = m_pTarget.get();
-        sources.pNavTarget = &m_navTarget;
-        sources.nBatteryPercent = readBatteryPercent();
-        sources.tLocalNow = m_clock.localNow();
-        return ExpandTemplate(text, sources);
-    };
+    overlay.expand = [this](const QString& text) { return ExpandTemplate(text, m_pServices->Sources()); };
     overlay.infoFile = [this] {
         const QString folder = m_pBridge->ProgramPath(true);
         return std::make_pair(NavInfoFile::find(m_root, folder), NavInfoFile::listSection(m_pBridge->Kind()));
     };
-    overlay.onAction = [this](const QString& action) { m_pActions->Perform(action); };
+    overlay.onAction = [this](const QString& action) { RunElementAction(action); };
     m_pOverlay = std::make_unique<CNavOverlay>(overlay);
     LoadRouteAdvance();
     connect(m_pFrame.get(), &CMainFrame::pagesRedrawn, this, &CFendixApp::AdvanceRoute);

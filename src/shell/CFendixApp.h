@@ -87,6 +87,8 @@ private:
     void OpenShapes();
     // The layers once open, nothing before; skipped layers are told in a notice.
     std::shared_ptr<ShapeLayers> Shapes();
+    // What a tapped element of a user page or of the overlay over the navigation program runs.
+    void RunElementAction(const QString& action);
     // A destination (degrees, longitude first) to the navigation program; its error in a box.
     void HandToNavigation(double lon, double lat, const QString& name);
     QDateTime LocalNow() const;

@@ -12,6 +12,7 @@
 #include "integrations/ui/CModuleLivepos.h"
 #include "integrations/ui/CModuleTMC.h"
 #include "nav/goto/GoToTarget.h"
+#include "platform/BatteryStatus.h"
 #include "platform/DeviceClock.h"
 #include "platform/DeviceRoot.h"
 #include "settings/CRegistryKey.h"
@@ -22,8 +23,9 @@
 #include <QUrl>
 
 IntegrationServices::IntegrationServices(const DeviceRoot& root, DeviceClock& clock, CFendixDoc& doc,
-                                         CGoToTarget& target, QObject* parent)
-    : QObject(parent), m_clock(clock), m_doc(doc), m_target(target),
+                                         CGoToTarget& target, const NavigationTarget& navTarget,
+                                         QObject* parent)
+    : QObject(parent), m_clock(clock), m_doc(doc), m_target(target), m_navTarget(navTarget),
       m_pTmcTimers(std::make_unique<QtTmcTimers>()) {
     CTmcReceiver::Hooks tmcHooks;
     tmcHooks.documentPort = [this] {
@@ -50,13 +52,12 @@ IntegrationServices::~IntegrationServices() {
     Stop();
 }
 
+TemplateSources IntegrationServices::Sources() const {
+    return {&m_doc, &m_target, &m_navTarget, &m_tmcStatus, readBatteryPercent(), m_clock.localNow()};
+}
+
 QString IntegrationServices::Expand(const QString& text) const {
-    TemplateSources sources;
-    sources.pDoc = &m_doc;
-    sources.pGoTo = &m_target;
-    sources.pTmc = &m_tmcStatus;
-    sources.tLocalNow = m_clock.localNow();
-    return ExpandTemplate(text, sources);
+    return ExpandTemplate(text, Sources());
 }
 
 void IntegrationServices::AddPages(PageFactory& pages, std::function<void()> showGoTo,

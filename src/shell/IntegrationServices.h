@@ -1,6 +1,7 @@
 #pragma once
 
 #include "integrations/TmcStatus.h"
+#include "integrations/template/TemplateSources.h"
 
 #include <QObject>
 #include <QString>
@@ -23,7 +24,7 @@ class IntegrationServices : public QObject {
     Q_OBJECT
 public:
     IntegrationServices(const DeviceRoot& root, DeviceClock& clock, CFendixDoc& doc, CGoToTarget& target,
-                        QObject* parent = nullptr);
+                        const NavigationTarget& navTarget, QObject* parent = nullptr);
     ~IntegrationServices() override;
 
     // Hands a destination (degrees, longitude first) to the navigation program.
@@ -36,6 +37,8 @@ public:
     bool PerformAction(const QString& action);
     void Stop();
     const TmcStatus& Tmc() const { return m_tmcStatus; }
+    // Every value a template can show, as of now: user pages, the overlay and the upload read the same.
+    TemplateSources Sources() const;
 
 private:
     QString Expand(const QString& text) const;
@@ -43,6 +46,7 @@ private:
     DeviceClock& m_clock;
     CFendixDoc& m_doc;
     CGoToTarget& m_target;
+    const NavigationTarget& m_navTarget;
     TmcStatus m_tmcStatus;
     std::unique_ptr<QtTmcTimers> m_pTmcTimers;
     std::unique_ptr<CTmcReceiver> m_pTmc;
