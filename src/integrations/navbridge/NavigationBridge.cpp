@@ -25,6 +25,24 @@ MNPosition positionFile(const DeviceRoot& root) {
     MNPositionFile::read(root, position);
     return position;
 }
+
+// The executable of a process: under Wine the .exe named on its command line, else the process's
+// own program.
+int majorVersionOfProcess(const DeviceRoot& root, uint32_t pid) {
+    QFile cmdline(QStringLiteral("/proc/%1/cmdline").arg(pid));
+    QString executable = QFileInfo(QStringLiteral("/proc/%1/exe").arg(pid)).symLinkTarget();
+    if (cmdline.open(QIODevice::ReadOnly))
+        for (const QByteArray& argument : cmdline.readAll().split('\0'))
+            if (argument.toLower().endsWith(".exe")) {
+                QString path = QString::fromLocal8Bit(argument);
+                if (path.startsWith(QLatin1String("Z:"), Qt::CaseInsensitive))
+                    path = path.mid(2); // Wine's "/" drive
+                executable = root.hostPath(path.replace(QLatin1Char('\\'), QLatin1Char('/')));
+                break;
+            }
+    const auto version = readPeFileVersionOfFile(executable);
+    return version ? version->major : 0;
+}
 } // namespace
 
 NavigationBridge::NavigationBridge(const DeviceRoot& root, NavigationTarget& target, QString display)
@@ -45,23 +63,14 @@ int NavigationBridge::MajorVersionOfProgram() {
     return version ? version->major : 0;
 }
 
-// The executable of a process: under Wine the .exe named on its command line, else the process's
-// own program.
-int NavigationBridge::MajorVersionOfProcess(uint32_t pid) const {
+int NavigationBridge::MajorVersionOfProcess(uint32_t pid) {
     if (pid == 0) return 0;
-    QFile cmdline(QStringLiteral("/proc/%1/cmdline").arg(pid));
-    QString executable = QFileInfo(QStringLiteral("/proc/%1/exe").arg(pid)).symLinkTarget();
-    if (cmdline.open(QIODevice::ReadOnly))
-        for (const QByteArray& argument : cmdline.readAll().split('\0'))
-            if (argument.toLower().endsWith(".exe")) {
-                QString path = QString::fromLocal8Bit(argument);
-                if (path.startsWith(QLatin1String("Z:"), Qt::CaseInsensitive))
-                    path = path.mid(2); // Wine's "/" drive
-                executable = m_root.hostPath(path.replace(QLatin1Char('\\'), QLatin1Char('/')));
-                break;
-            }
-    const auto version = readPeFileVersionOfFile(executable);
-    return version ? version->major : 0;
+    // Asked on every window search, twice a second for the overlay; a process keeps its program.
+    if (pid != m_nVersionPid) {
+        m_nVersionMajor = majorVersionOfProcess(m_root, pid);
+        m_nVersionPid = pid;
+    }
+    return m_nVersionMajor;
 }
 
 std::optional<uint32_t> NavigationBridge::FindNavigationWindow() {

@@ -51,7 +51,7 @@ public:
     void Stop() { m_cleanup.stop(); }
 
 private:
-    int MajorVersionOfProcess(uint32_t pid) const;
+    int MajorVersionOfProcess(uint32_t pid);
     int MajorVersionOfProgram();
 
     DeviceRoot m_root;
@@ -61,5 +61,7 @@ private:
     QString m_strPath;
     bool m_bPathKnown = false;
     std::optional<uint32_t> m_window;
+    uint32_t m_nVersionPid = 0; // the process whose major version m_nVersionMajor holds
+    int m_nVersionMajor = 0;
     SdkFileCleanup m_cleanup;
 };

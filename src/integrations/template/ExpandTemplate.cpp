@@ -5,6 +5,7 @@
 #include "integrations/NavigationTarget.h"
 #include "integrations/TmcStatus.h"
 #include "nav/CoordinateText.h"
+#include "nav/GeoConstants.h"
 #include "nav/GeoSphere.h"
 #include "nav/goto/GoToTarget.h"
 #include "platform/DeviceClock.h"
@@ -16,7 +17,6 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <numbers>
 #include <optional>
 
 namespace {
@@ -76,7 +76,7 @@ std::optional<Leg> legTo(const Values& v, double lon, double lat) {
     float course = 0;
     Leg leg;
     leg.km = GeoDistance(v.pFix->m_dPosLong, v.pFix->m_dPosLat, lon, lat, &course);
-    leg.degrees = std::fmod(course * 180.0 / std::numbers::pi, 360.0);
+    leg.degrees = std::fmod(course * RadToDeg, 360.0);
     if (leg.degrees < 0) leg.degrees += 360.0;
     return leg;
 }
