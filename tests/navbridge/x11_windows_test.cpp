@@ -61,7 +61,9 @@ TEST_F(X11WindowsTest, FindsTheNavigationProgramsWindow) {
         NavigationBridge bridge(m_root, m_target, m_strDisplay);
         const auto found = bridge.FindNavigationWindow();
         EXPECT_EQ(found.has_value(), c.expectedWindow >= 0);
-        if (found && c.expectedWindow >= 0) EXPECT_EQ(*found, ids[c.expectedWindow]);
+        if (found && c.expectedWindow >= 0) {
+            EXPECT_EQ(*found, ids[c.expectedWindow]);
+        }
         EXPECT_EQ(bridge.Kind(), c.expectedKind);
         destroyWindows();
     }
