@@ -1,6 +1,7 @@
 #include "gps/ui/CRecordSound.h"
 
 #include "gps/sound/RecordedSoundFile.h"
+#include "gps/sound/SpeedSoundTable.h"
 #include "platform/DeviceRoot.h"
 #include "platform/audio/SoundRecorder.h"
 #include "settings/CRegistryKey.h"
@@ -32,7 +33,7 @@ CRecordSound::CRecordSound(const QString& hostPath, Services services, QWidget* 
     int row = 0;
     if (m_strHostPath.isEmpty()) {
         m_pSpeed = new QSpinBox(this);
-        m_pSpeed->setRange(0, 399);
+        m_pSpeed->setRange(0, SpeedSoundTable::kMaxSpeedKmh);
         m_pSpeed->setSuffix(QStringLiteral(" km/h"));
         grid->addWidget(new QLabel(QStringLiteral("Ab Geschwindigkeit"), this), row++, 0, 1, 2);
         grid->addWidget(m_pSpeed, row++, 0, 1, 2);

@@ -32,17 +32,21 @@ std::optional<Backlight::Device> Backlight::FindDevice() const {
     return std::nullopt;
 }
 
+int Backlight::Device::Percent() const {
+    return int(std::lround(brightness * 100.0 / maximum));
+}
+
 std::optional<int> Backlight::Level() const {
     const std::optional<Device> device = FindDevice();
     if (!device) return std::nullopt;
-    return int(std::lround(device->brightness * 100.0 / device->maximum));
+    return device->Percent();
 }
 
 bool Backlight::Step(int stepPercent, int minPercent, int maxPercent) {
     const std::optional<Device> device = FindDevice();
     if (!device) return false;
-    const int level = int(std::lround(device->brightness * 100.0 / device->maximum));
-    const int wanted = std::clamp(level + stepPercent, std::min(minPercent, maxPercent), maxPercent);
+    const int wanted =
+        std::clamp(device->Percent() + stepPercent, std::min(minPercent, maxPercent), maxPercent);
     return Set(*device, int(std::lround(wanted * device->maximum / 100.0)));
 }
 

@@ -24,6 +24,7 @@ private:
         QString folder;
         int brightness = 0;
         int maximum = 0;
+        int Percent() const;
     };
     std::optional<Device> FindDevice() const;
     bool Set(const Device& device, int brightness);

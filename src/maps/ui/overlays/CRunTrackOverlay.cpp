@@ -31,8 +31,10 @@ bool CRunTrackOverlay::ReadLog() {
         m_geo.clear(), m_speeds.clear();
     }
     if (m_strPath.isEmpty()) return otherRun;
+    // Asked every frame: the clock first, so that the file is looked at only once a read is due.
+    if (m_sinceRead.isValid() && m_sinceRead.elapsed() < kRereadMs) return otherRun;
     const qint64 size = QFileInfo(m_strPath).size();
-    if (size == m_nReadSize || (m_sinceRead.isValid() && m_sinceRead.elapsed() < kRereadMs)) return otherRun;
+    if (size == m_nReadSize) return otherRun;
     m_sinceRead.start();
     QFile file(m_strPath);
     std::vector<TrackPoint> points;
